@@ -1,0 +1,13 @@
+#include "cli/commands.h"
+
+namespace nvwm::cli {
+namespace {
+int gExitCode = 0;
+}  // namespace
+
+int exitCode() { return gExitCode; }
+void setExitCode(int code) { gExitCode = code; }
+
+void registerCommands(CLI::App& app) { registerSelfCheck(app); }
+
+}  // namespace nvwm::cli

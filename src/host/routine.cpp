@@ -1,0 +1,43 @@
+#include "host/routine.h"
+
+#include "host/references.h"
+
+namespace nvwm {
+
+Routine::Routine(std::string_view logTag, ExtraHandlerSteps extra) : extra_(std::move(extra)) {
+  step([&] {
+    ErrorService* errors = references().errorClass.get();
+    if (errors == nullptr) raise(ErrorNumber::kObjectVariableNotSet, "errorClass");
+    errors->enterProc(std::string(logTag));
+  });
+}
+
+Routine::~Routine() {
+  // The exit label: errors are skipped from here on.
+  try {
+    if (ErrorService* errors = references().errorClass.get()) errors->exitProc();
+  } catch (...) {
+  }
+}
+
+void Routine::handle(const RuntimeError& error) {
+  lastError_ = error;
+  if (skipping_) return;  // passed over: the next step runs
+  running_ = false;
+  try {
+    ErrorService* errors = references().errorClass.get();
+    if (askSuppression_ && errors != nullptr && errors->errorsAreSuppressed()) return;
+    if (extra_) extra_(error);
+    if (errors == nullptr) return;
+    errors->setError(error);
+    errors->showError();
+    int32_t action = errors->getErrorAction();
+    if (action == static_cast<int32_t>(ErrorAction::kResumeNext)) running_ = true;
+    // kEnd calls the end-of-program routine, which is empty in a component: acts as kExit.
+  } catch (...) {
+    // An error inside the handler ends the routine.
+    running_ = false;
+  }
+}
+
+}  // namespace nvwm

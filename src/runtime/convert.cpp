@@ -1,0 +1,511 @@
+#include "runtime/convert.h"
+
+#include <cctype>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <limits>
+#include <vector>
+
+#include "runtime/clock.h"
+#include "runtime/error.h"
+#include "runtime/regional.h"
+
+namespace nvwm {
+namespace {
+
+[[noreturn]] void nullError() { raise(ErrorNumber::kInvalidUseOfNull); }
+[[noreturn]] void mismatch(std::string_view what) {
+  raise(ErrorNumber::kTypeMismatch, what);
+}
+
+bool iequalsAscii(std::string_view a, std::string_view b) {
+  if (a.size() != b.size()) return false;
+  for (size_t i = 0; i < a.size(); ++i) {
+    if (std::tolower(static_cast<unsigned char>(a[i])) !=
+        std::tolower(static_cast<unsigned char>(b[i])))
+      return false;
+  }
+  return true;
+}
+
+std::string_view trimBlanks(std::string_view s) {
+  while (!s.empty() && std::isspace(static_cast<unsigned char>(s.front()))) s.remove_prefix(1);
+  while (!s.empty() && std::isspace(static_cast<unsigned char>(s.back()))) s.remove_suffix(1);
+  return s;
+}
+
+// The numeric value of a variant as a double, for the number conversions.
+double numberOf(const Variant& v) {
+  switch (v.type()) {
+    case VarType::kEmpty: return 0.0;
+    case VarType::kNull: nullError();
+    case VarType::kBoolean: return v.boolValue() ? -1.0 : 0.0;
+    case VarType::kInteger: return v.integerValue();
+    case VarType::kLong: return v.longValue();
+    case VarType::kSingle: return v.singleValue();
+    case VarType::kDouble: return v.doubleValue();
+    case VarType::kCurrency: return v.currencyValue().toDouble();
+    case VarType::kDate: return v.dateValue().serial();
+    case VarType::kString: {
+      auto n = TryParseNumber(v.stringValue());
+      if (!n) mismatch("\"" + v.stringValue() + "\" is not a number");
+      return *n;
+    }
+    case VarType::kError: mismatch("missing argument");
+    case VarType::kObject: mismatch("object where a value is needed");
+  }
+  mismatch("value");
+}
+
+// The short date of the regional settings, for CStr. Knows d, dd, m, mm, yy, yyyy and the
+// separators; Format (runtime/format.h) is the full implementation.
+std::string shortDateText(const DateParts& p) {
+  const std::string& pattern = regionalSettings().shortDate;
+  std::string out;
+  for (size_t i = 0; i < pattern.size();) {
+    char c = static_cast<char>(std::tolower(static_cast<unsigned char>(pattern[i])));
+    size_t j = i;
+    while (j < pattern.size() && std::tolower(static_cast<unsigned char>(pattern[j])) == c) ++j;
+    size_t run = j - i;
+    char buf[16];
+    if (c == 'd') {
+      std::snprintf(buf, sizeof buf, run >= 2 ? "%02d" : "%d", p.day);
+      out += buf;
+    } else if (c == 'm') {
+      std::snprintf(buf, sizeof buf, run >= 2 ? "%02d" : "%d", p.month);
+      out += buf;
+    } else if (c == 'y') {
+      std::snprintf(buf, sizeof buf, run >= 4 ? "%04d" : "%02d", run >= 4 ? p.year : p.year % 100);
+      out += buf;
+    } else {
+      out.append(pattern, i, run);
+    }
+    i = j;
+  }
+  return out;
+}
+
+// General Date: the short date, the long time, or both; midnight on day 0 is "12:00:00 AM".
+std::string dateToGeneralText(Date d) {
+  DateParts p = d.parts();
+  bool hasDay = std::trunc(d.serial()) != 0;
+  bool hasTime = d.hasTime();
+  std::string out;
+  if (hasDay) out = shortDateText(p);
+  if (hasTime || !hasDay) {
+    const RegionalSettings& rs = regionalSettings();
+    int h12 = p.hour % 12 == 0 ? 12 : p.hour % 12;
+    char buf[32];
+    std::snprintf(buf, sizeof buf, "%d:%02d:%02d ", h12, p.minute, p.second);
+    if (!out.empty()) out += ' ';
+    out += buf;
+    out += p.hour < 12 ? rs.am : rs.pm;
+  }
+  return out;
+}
+
+// ---- date text reader ----
+
+struct DateToken {
+  enum Kind { kNumber, kWord, kColon, kSeparator } kind;
+  std::string text;
+  int value = 0;
+  int digits = 0;
+};
+
+std::vector<DateToken> tokenizeDate(std::string_view s) {
+  std::vector<DateToken> out;
+  size_t i = 0;
+  while (i < s.size()) {
+    unsigned char c = static_cast<unsigned char>(s[i]);
+    if (std::isdigit(c)) {
+      size_t j = i;
+      long long value = 0;
+      while (j < s.size() && std::isdigit(static_cast<unsigned char>(s[j]))) {
+        if (value < 100000) value = value * 10 + (s[j] - '0');
+        ++j;
+      }
+      out.push_back({DateToken::kNumber, std::string(s.substr(i, j - i)),
+                     static_cast<int>(value), static_cast<int>(j - i)});
+      i = j;
+    } else if (std::isalpha(c) || c >= 0x80) {
+      size_t j = i;
+      while (j < s.size() && (std::isalpha(static_cast<unsigned char>(s[j])) ||
+                              static_cast<unsigned char>(s[j]) >= 0x80))
+        ++j;
+      out.push_back({DateToken::kWord, std::string(s.substr(i, j - i))});
+      i = j;
+    } else if (c == ':') {
+      out.push_back({DateToken::kColon, ":"});
+      ++i;
+    } else if (c == '/' || c == '-' || c == ',' || c == '.' || std::isspace(c)) {
+      if (!std::isspace(c)) out.push_back({DateToken::kSeparator, std::string(1, char(c))});
+      ++i;
+    } else {
+      return {};  // a character no date form uses
+    }
+  }
+  return out;
+}
+
+int monthFromWord(std::string_view w) {
+  const RegionalSettings& rs = regionalSettings();
+  for (int m = 0; m < 12; ++m) {
+    if (iequalsAscii(w, rs.monthNames[m]) || iequalsAscii(w, rs.monthAbbreviations[m])) return m + 1;
+  }
+  if (iequalsAscii(w, "Sept")) return 9;
+  return 0;
+}
+
+bool isDayWord(std::string_view w) {
+  const RegionalSettings& rs = regionalSettings();
+  for (int d = 0; d < 7; ++d) {
+    if (iequalsAscii(w, rs.dayNames[d]) || iequalsAscii(w, rs.dayAbbreviations[d])) return true;
+  }
+  return false;
+}
+
+int expandYear(const DateToken& t) {
+  if (t.digits <= 2) return t.value < 30 ? 2000 + t.value : 1900 + t.value;
+  return t.value;
+}
+
+bool shortDateIsDayFirst() {
+  const std::string& p = regionalSettings().shortDate;
+  size_t d = p.find_first_of("dD"), m = p.find_first_of("mM");
+  return d != std::string::npos && m != std::string::npos && d < m;
+}
+
+bool shortDateIsYearFirst() {
+  const std::string& p = regionalSettings().shortDate;
+  return !p.empty() && (p[0] == 'y' || p[0] == 'Y');
+}
+
+}  // namespace
+
+double roundHalfEven(double x) {
+  double r = std::nearbyint(x);  // default rounding mode: to nearest, ties to even
+  return r;
+}
+
+std::string doubleToText(double x) {
+  if (x == 0) return "0";
+  char buf[64];
+  std::snprintf(buf, sizeof buf, "%.15G", x);
+  return buf;
+}
+
+std::string singleToText(float x) {
+  if (x == 0) return "0";
+  char buf[64];
+  std::snprintf(buf, sizeof buf, "%.7G", static_cast<double>(x));
+  return buf;
+}
+
+std::optional<double> TryParseNumber(std::string_view text) {
+  const RegionalSettings& rs = regionalSettings();
+  std::string_view s = trimBlanks(text);
+  if (s.empty()) return std::nullopt;
+  if (s.size() > 2 && s[0] == '&' && (s[1] == 'H' || s[1] == 'h')) {
+    long long v = 0;
+    for (char c : s.substr(2)) {
+      int d = std::isdigit(static_cast<unsigned char>(c)) ? c - '0'
+              : (c >= 'a' && c <= 'f')                    ? c - 'a' + 10
+              : (c >= 'A' && c <= 'F')                    ? c - 'A' + 10
+                                                          : -1;
+      if (d < 0 || v > (1LL << 40)) return std::nullopt;
+      v = v * 16 + d;
+    }
+    // &H literals are 16-bit below &H10000 and 32-bit above, sign-extended as the runtime does.
+    if (s.size() - 2 <= 4 && v > 0x7FFF) v -= 0x10000;
+    else if (v > 0x7FFFFFFF && v <= 0xFFFFFFFFLL) v -= 0x100000000LL;
+    return static_cast<double>(v);
+  }
+  std::string clean;
+  bool negative = false, sawSign = false, sawDigit = false, sawPoint = false, sawCurrency = false;
+  bool inExponent = false;
+  for (size_t i = 0; i < s.size(); ++i) {
+    char c = s[i];
+    if (!rs.currencySymbol.empty() && s.substr(i, rs.currencySymbol.size()) == rs.currencySymbol &&
+        !sawCurrency && !inExponent) {
+      sawCurrency = true;
+      i += rs.currencySymbol.size() - 1;
+    } else if ((c == '-' || c == '+') && !sawSign && !sawDigit && !sawPoint) {
+      sawSign = true;
+      negative = c == '-';
+    } else if (c == '(' && i == 0 && s.back() == ')') {
+      negative = true;  // accounting negative "(12.50)"
+      s.remove_suffix(1);
+    } else if (std::isdigit(static_cast<unsigned char>(c))) {
+      sawDigit = true;
+      clean += c;
+    } else if (c == rs.thousandsSeparator && sawDigit && !sawPoint && !inExponent) {
+      // thousands separator: skipped
+    } else if (c == rs.decimalSeparator && !sawPoint && !inExponent) {
+      sawPoint = true;
+      clean += '.';
+    } else if ((c == 'e' || c == 'E' || c == 'd' || c == 'D') && sawDigit && !inExponent) {
+      inExponent = true;
+      clean += 'e';
+      if (i + 1 < s.size() && (s[i + 1] == '+' || s[i + 1] == '-')) clean += s[++i];
+      if (i + 1 >= s.size() || !std::isdigit(static_cast<unsigned char>(s[i + 1])))
+        return std::nullopt;
+    } else if (std::isspace(static_cast<unsigned char>(c)) && (sawCurrency || sawSign) &&
+               !sawDigit) {
+      // "$ 12" and "- 12"
+    } else {
+      return std::nullopt;
+    }
+  }
+  if (!sawDigit) return std::nullopt;
+  char* end = nullptr;
+  double v = std::strtod(clean.c_str(), &end);
+  if (end == nullptr || *end != '\0' || !std::isfinite(v)) return std::nullopt;
+  return negative ? -v : v;
+}
+
+std::optional<Date> TryParseDate(std::string_view text) {
+  std::vector<DateToken> tokens = tokenizeDate(trimBlanks(text));
+  if (tokens.empty()) return std::nullopt;
+
+  std::vector<DateToken> dateNumbers;
+  int monthWord = 0;
+  int hour = -1, minute = 0, second = 0;
+  int ampm = 0;  // 1 am, 2 pm
+  for (size_t i = 0; i < tokens.size(); ++i) {
+    const DateToken& t = tokens[i];
+    if (t.kind == DateToken::kWord) {
+      std::string_view w = t.text;
+      if (iequalsAscii(w, "am") || iequalsAscii(w, "a") || iequalsAscii(w, regionalSettings().am)) {
+        if (hour < 0 || ampm) return std::nullopt;
+        ampm = 1;
+      } else if (iequalsAscii(w, "pm") || iequalsAscii(w, "p") ||
+                 iequalsAscii(w, regionalSettings().pm)) {
+        if (hour < 0 || ampm) return std::nullopt;
+        ampm = 2;
+      } else if (int m = monthFromWord(w)) {
+        if (monthWord) return std::nullopt;
+        monthWord = m;
+      } else if (isDayWord(w)) {
+        // a day name is read and ignored, as the runtime does
+      } else {
+        return std::nullopt;
+      }
+    } else if (t.kind == DateToken::kNumber) {
+      if (i + 1 < tokens.size() && tokens[i + 1].kind == DateToken::kColon) {
+        // h:mm or h:mm:ss
+        if (hour >= 0 || i + 2 >= tokens.size() || tokens[i + 2].kind != DateToken::kNumber)
+          return std::nullopt;
+        hour = t.value;
+        minute = tokens[i + 2].value;
+        i += 2;
+        if (i + 2 < tokens.size() && tokens[i + 1].kind == DateToken::kColon &&
+            tokens[i + 2].kind == DateToken::kNumber) {
+          second = tokens[i + 2].value;
+          i += 2;
+        }
+      } else if (i + 1 < tokens.size() && tokens[i + 1].kind == DateToken::kWord &&
+                 hour < 0 &&
+                 (iequalsAscii(tokens[i + 1].text, "am") || iequalsAscii(tokens[i + 1].text, "pm") ||
+                  iequalsAscii(tokens[i + 1].text, "a") || iequalsAscii(tokens[i + 1].text, "p"))) {
+        hour = t.value;  // "9 am"
+      } else {
+        dateNumbers.push_back(t);
+      }
+    }
+  }
+  if (ampm) {
+    if (hour < 1 || hour > 12) return std::nullopt;
+    if (ampm == 1 && hour == 12) hour = 0;
+    if (ampm == 2 && hour != 12) hour += 12;
+  }
+  if (hour > 23 || minute > 59 || second > 59) return std::nullopt;
+
+  int y = 0, m = 0, d = 0;
+  bool hasDate = true;
+  size_t n = dateNumbers.size();
+  if (monthWord) {
+    m = monthWord;
+    if (n == 1) {
+      // "Nov 2026" or "23 Nov": a number above 31 is the year
+      if (dateNumbers[0].value > 31 || dateNumbers[0].digits > 2) {
+        y = dateNumbers[0].value;
+        d = 1;
+      } else {
+        d = dateNumbers[0].value;
+        y = Today().year();
+      }
+    } else if (n == 2) {
+      const DateToken& a = dateNumbers[0];
+      const DateToken& b = dateNumbers[1];
+      if (a.digits > 2 || a.value > 31) {
+        y = expandYear(a);
+        d = b.value;
+      } else {
+        d = a.value;
+        y = expandYear(b);
+      }
+    } else {
+      return std::nullopt;
+    }
+  } else if (n == 0) {
+    hasDate = false;
+    if (hour < 0) return std::nullopt;
+  } else if (n == 2 || n == 3) {
+    const DateToken& a = dateNumbers[0];
+    const DateToken& b = dateNumbers[1];
+    if (a.digits > 2) {  // yyyy-mm-dd
+      if (n != 3) return std::nullopt;
+      y = a.value;
+      m = b.value;
+      d = dateNumbers[2].value;
+    } else {
+      if (shortDateIsYearFirst() && n == 3) {
+        y = expandYear(a);
+        m = b.value;
+        d = dateNumbers[2].value;
+      } else if (shortDateIsDayFirst()) {
+        d = a.value;
+        m = b.value;
+      } else {
+        m = a.value;
+        d = b.value;
+      }
+      if (!(shortDateIsYearFirst() && n == 3)) {
+        y = n == 3 ? expandYear(dateNumbers[2]) : Today().year();
+      }
+      // The runtime swaps day and month when the month can't be one.
+      if (m > 12 && d <= 12) std::swap(m, d);
+    }
+  } else {
+    return std::nullopt;
+  }
+
+  try {
+    Date date = hasDate ? Date::fromYmd(y, m, d) : Date(0.0);
+    if (hour < 0) return date;
+    double t = (hour * 3600.0 + minute * 60.0 + second) / 86400.0;
+    return Date(date.serial() < 0 ? date.serial() - t : date.serial() + t);
+  } catch (const RuntimeError&) {
+    return std::nullopt;
+  }
+}
+
+bool CBool(const Variant& v) {
+  switch (v.type()) {
+    case VarType::kBoolean: return v.boolValue();
+    case VarType::kString: {
+      std::string_view s = trimBlanks(v.stringValue());
+      if (iequalsAscii(s, "True")) return true;
+      if (iequalsAscii(s, "False")) return false;
+      auto n = TryParseNumber(s);
+      if (!n) mismatch("\"" + v.stringValue() + "\" is not a truth value");
+      return *n != 0;
+    }
+    default: return numberOf(v) != 0;
+  }
+}
+
+int16_t CInt(const Variant& v) {
+  double r = roundHalfEven(numberOf(v));
+  if (r < -32768.0 || r > 32767.0 || std::isnan(r)) raise(ErrorNumber::kOverflow);
+  return static_cast<int16_t>(r);
+}
+
+int32_t CLng(const Variant& v) {
+  double r = roundHalfEven(numberOf(v));
+  if (r < -2147483648.0 || r > 2147483647.0 || std::isnan(r)) raise(ErrorNumber::kOverflow);
+  return static_cast<int32_t>(r);
+}
+
+float CSng(const Variant& v) {
+  double d = numberOf(v);
+  if (std::fabs(d) > std::numeric_limits<float>::max()) raise(ErrorNumber::kOverflow);
+  return static_cast<float>(d);
+}
+
+double CDbl(const Variant& v) { return numberOf(v); }
+
+Currency CCur(const Variant& v) {
+  if (v.type() == VarType::kCurrency) return v.currencyValue();
+  double units = roundHalfEven(numberOf(v) * 10000.0);
+  if (std::fabs(units) > 9.2e18) raise(ErrorNumber::kOverflow);
+  return Currency{static_cast<int64_t>(units)};
+}
+
+std::string CStr(const Variant& v) {
+  switch (v.type()) {
+    case VarType::kEmpty: return "";
+    case VarType::kNull: nullError();
+    case VarType::kBoolean: return v.boolValue() ? "True" : "False";
+    case VarType::kInteger: return std::to_string(v.integerValue());
+    case VarType::kLong: return std::to_string(v.longValue());
+    case VarType::kSingle: return singleToText(v.singleValue());
+    case VarType::kDouble: return doubleToText(v.doubleValue());
+    case VarType::kCurrency: {
+      char buf[64];
+      std::snprintf(buf, sizeof buf, "%.4f", v.currencyValue().toDouble());
+      std::string s = buf;
+      while (s.back() == '0') s.pop_back();
+      if (s.back() == '.') s.pop_back();
+      return s == "-0" ? "0" : s;
+    }
+    case VarType::kDate: return dateToGeneralText(v.dateValue());
+    case VarType::kString: return v.stringValue();
+    case VarType::kError: mismatch("missing argument");
+    case VarType::kObject: mismatch("object where text is needed");
+  }
+  return "";
+}
+
+Date CDate(const Variant& v) {
+  switch (v.type()) {
+    case VarType::kDate: return v.dateValue();
+    case VarType::kString: {
+      if (auto d = TryParseDate(v.stringValue())) return *d;
+      if (auto n = TryParseNumber(v.stringValue())) return Date(*n);
+      mismatch("\"" + v.stringValue() + "\" is not a date");
+    }
+    default: {
+      double d = numberOf(v);
+      if (d < -657434.0 || d >= 2958466.0) raise(ErrorNumber::kOverflow);
+      return Date(d);
+    }
+  }
+}
+
+std::optional<double> TryCDbl(const Variant& v) {
+  try {
+    return CDbl(v);
+  } catch (const RuntimeError&) {
+    return std::nullopt;
+  }
+}
+
+std::optional<Date> TryCDate(const Variant& v) {
+  if (v.isDate()) return v.dateValue();
+  if (v.isString()) return TryParseDate(v.stringValue());
+  return std::nullopt;
+}
+
+bool IsDate(const Variant& v) { return TryCDate(v).has_value(); }
+
+bool IsNumeric(const Variant& v) {
+  switch (v.type()) {
+    case VarType::kEmpty:
+    case VarType::kBoolean:
+    case VarType::kInteger:
+    case VarType::kLong:
+    case VarType::kSingle:
+    case VarType::kDouble:
+    case VarType::kCurrency: return true;
+    case VarType::kString: return TryParseNumber(v.stringValue()).has_value();
+    default: return false;
+  }
+}
+
+bool IsNull(const Variant& v) { return v.isNull(); }
+bool IsEmpty(const Variant& v) { return v.isEmpty(); }
+
+}  // namespace nvwm
