@@ -8,8 +8,8 @@
 
 namespace nvwm {
 
-using practice::LookupRoutine;
 using practice::lookupFirstRow;
+using practice::LookupRoutine;
 using practice::NullTest;
 
 namespace {
@@ -21,7 +21,7 @@ constexpr float kWholeDay = 24.0f;
 }  // namespace
 
 std::string getScheduleTypesSQLStrFromTotalNumNumAndScheduleNum(int32_t totalNum,
-                                                                 int32_t scheduleNum) {
+                                                                int32_t scheduleNum) {
   LookupRoutine r("modRemittanceTypes", "getScheduleTypesSQLStrFromTotalNumNumAndScheduleNum");
   std::string result;
   r.step([&] {
@@ -65,11 +65,11 @@ float getDefaultEstTimeFromUserIDAndTotalNumAndScheduleNum(int32_t userID, int32
       scheduleTypeID = getScheduleTypeIDFromTotalNumAndScheduleNum(totalNum, scheduleNum);
     });
     r.withFirstRow(
-        "SELECT UserBillingScheduleTypeInfo.UserIDNum, UserBillingScheduleTypeInfo.ScheduleTypeNum, "
+        "SELECT UserBillingScheduleTypeInfo.UserIDNum, "
+        "UserBillingScheduleTypeInfo.ScheduleTypeNum, "
         "UserBillingScheduleTypeInfo.DefaultEstTime FROM UserBillingScheduleTypeInfo WHERE "
         "UserIDNum=" +
-            std::to_string(userID) + " And ScheduleTypeNum=" + std::to_string(scheduleTypeID) +
-            ";",
+            std::to_string(userID) + " And ScheduleTypeNum=" + std::to_string(scheduleTypeID) + ";",
         [&](Handle h) { r.readField(h, "DefaultEstTime", NullTest::kNotTested, result); });
   }
   r.step([&] {

@@ -12,9 +12,9 @@ namespace nvwm {
 
 using practice::FieldLookup;
 using practice::IdLookupRow;
-using practice::LookupRoutine;
 using practice::lookupByID;
 using practice::lookupFirstRow;
+using practice::LookupRoutine;
 using practice::NullTest;
 
 namespace {
@@ -180,7 +180,8 @@ int32_t getAccountantFirmID() {
        .nullTest = kNotTested,
        .asksConnection = false,
        .lockType = kLockOptimistic},
-      -1, [] { return std::string("SELECT AccountantFirmInfo.CompanyID From AccountantFirmInfo;"); });
+      -1,
+      [] { return std::string("SELECT AccountantFirmInfo.CompanyID From AccountantFirmInfo;"); });
 }
 
 int32_t getTaskIDFromScheduleID(int32_t scheduleID) {
@@ -195,7 +196,8 @@ int32_t getTaskIDFromScheduleID(int32_t scheduleID) {
   // The task may have been archived since; its old ID still names it.
   r.withFirstRow(
       "SELECT archiveTasks.oldTaskID, archiveTasks.ScheduleIDNum FROM archiveTasks WHERE "
-      "ScheduleIDNum=" + id,
+      "ScheduleIDNum=" +
+          id,
       [&](Handle h) { r.readField(h, "oldTaskID", kNotTested, result); });
   return result;
 }

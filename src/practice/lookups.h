@@ -108,7 +108,7 @@ bool validEmployeeID(const std::string& employeeID);
 //   totalNum = 0: the whole table;
 //   anything else (1 to 99, negative): "".
 std::string getScheduleTypesSQLStrFromTotalNumNumAndScheduleNum(int32_t totalNum,
-                                                                 int32_t scheduleNum);
+                                                                int32_t scheduleNum);
 // ScheduleTypes.ScheduleTypeID of the builder's first row; -1 otherwise.
 int32_t getScheduleTypeIDFromTotalNumAndScheduleNum(int32_t totalNum, int32_t scheduleNum);
 // ScheduleTypes.DefaultEstTime (hours) of the builder's first row; 1.0 otherwise; not clamped.

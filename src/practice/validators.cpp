@@ -33,8 +33,8 @@ bool rowExists(const ExistenceTest& test, const std::string& id) {
     usable = number >= 0;
   });
   if (!usable || !r.running()) return result;
-  const std::string sql = std::string(test.sqlPrefix) +
-                          (test.sendsConvertedNumber ? std::to_string(number) : id) + ";";
+  const std::string sql =
+      std::string(test.sqlPrefix) + (test.sendsConvertedNumber ? std::to_string(number) : id) + ";";
   const Handle h = r.open(sql);
   result = r.hasRows(h);
   r.close(h);

@@ -1,0 +1,42 @@
+// One practice database for one test case: made from the schema in a temporary file, reached by
+// the library through a recording DatabaseReference, with a recording error service.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "support/recording_database.h"
+#include "support/test_support.h"
+
+namespace nvwm::testing {
+
+class PracticeFixture {
+ public:
+  PracticeFixture();
+  ~PracticeFixture();
+  PracticeFixture(const PracticeFixture&) = delete;
+  PracticeFixture& operator=(const PracticeFixture&) = delete;
+
+  // Runs SQL straight on the database file (the rows a case needs), not through the library.
+  void exec(const std::string& sql);
+
+  RecordingDatabase& db() { return *db_; }
+  RecordingErrorService& errors() { return *refs_.errors; }
+  // The numbers of the errors that reached the error service, in order.
+  std::vector<int32_t> errorNumbers() const;
+
+ private:
+  ScopedReferences refs_;
+  struct Database;
+  std::unique_ptr<Database> database_;
+  std::shared_ptr<RecordingDatabase> db_;
+};
+
+// The full log tag of a routine of modDatabaseFunctions.
+inline std::string databaseFunctionsTag(const std::string& routine) {
+  return "Tallowbrook.exe-modDatabaseFunctions-" + routine;
+}
+
+}  // namespace nvwm::testing
