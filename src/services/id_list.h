@@ -68,10 +68,10 @@ class IndexedIDList : public IDList {
   };
   // First row (in order of adding) for each form a value can match in one column.
   struct ColumnIndex {
-    std::unordered_map<std::string, size_t> text;          // folded text cells; Empty as ""
-    std::unordered_map<double, size_t> textAsNumber;       // text cells that read as a number
-    std::unordered_map<double, size_t> number;             // number and boolean cells
-    std::unordered_map<double, size_t> date;               // date cells, by serial
+    std::unordered_map<std::string, size_t> text;     // folded text cells; Empty as ""
+    std::unordered_map<double, size_t> textAsNumber;  // text cells that read as a number
+    std::unordered_map<double, size_t> number;        // number and boolean cells
+    std::unordered_map<double, size_t> date;          // date cells, by serial
   };
   static constexpr size_t kNone = static_cast<size_t>(-1);
 

@@ -18,10 +18,18 @@ TEST(DateUtilityTest, MinutesToDurationText) {
     int32_t minutes;
     const char* text;
   } cases[] = {
-      {0, "0 min"},          {1, "1 min"},           {31, "31 min"},
-      {59, "59 min"},        {60, "1 hr"},           {61, "1 hr 1 min"},
-      {90, "1 hr 30 min"},   {120, "2 hrs"},         {125, "2 hrs 5 min"},
-      {1500, "25 hrs"},      {-90, "-1 hr 30 min"},  {-5, "-5 min"},
+      {0, "0 min"},
+      {1, "1 min"},
+      {31, "31 min"},
+      {59, "59 min"},
+      {60, "1 hr"},
+      {61, "1 hr 1 min"},
+      {90, "1 hr 30 min"},
+      {120, "2 hrs"},
+      {125, "2 hrs 5 min"},
+      {1500, "25 hrs"},
+      {-90, "-1 hr 30 min"},
+      {-5, "-5 min"},
       {INT32_MIN, "-35791394 hrs 8 min"},
   };
   for (const auto& c : cases) {
@@ -37,14 +45,14 @@ TEST(DateUtilityTest, IsWeekendAndAdjustReminderDateGoBackToFriday) {
     bool weekend;
     Date adjusted;
   } cases[] = {
-      {at(2026, 11, 21), true, at(2026, 11, 20)},               // Saturday
-      {at(2026, 11, 22), true, at(2026, 11, 20)},               // Sunday
-      {at(2026, 11, 22, 23, 0), true, at(2026, 11, 20, 23, 0)},  // time kept
+      {at(2026, 11, 21), true, at(2026, 11, 20)},                 // Saturday
+      {at(2026, 11, 22), true, at(2026, 11, 20)},                 // Sunday
+      {at(2026, 11, 22, 23, 0), true, at(2026, 11, 20, 23, 0)},   // time kept
       {at(2026, 11, 23, 23, 0), false, at(2026, 11, 23, 23, 0)},  // Monday stays
-      {at(2026, 11, 20), false, at(2026, 11, 20)},              // Friday stays
-      {at(2028, 1, 1), true, at(2027, 12, 31)},                 // across a year
-      {at(2026, 3, 1), true, at(2026, 2, 27)},                  // across a month
-      {Date(), true, at(1899, 12, 29)},                         // 1899-12-30 was a Saturday
+      {at(2026, 11, 20), false, at(2026, 11, 20)},                // Friday stays
+      {at(2028, 1, 1), true, at(2027, 12, 31)},                   // across a year
+      {at(2026, 3, 1), true, at(2026, 2, 27)},                    // across a month
+      {Date(), true, at(1899, 12, 29)},                           // 1899-12-30 was a Saturday
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(CStr(Variant(c.date)));
@@ -80,8 +88,7 @@ TEST(DateUtilityTest, AddHoursToTime) {
     SCOPED_TRACE(CStr(Variant(c.time)) + " + " + std::to_string(c.hours));
     EXPECT_EQ(utility.addHoursToTime(c.time, c.hours), c.expected);
   }
-  EXPECT_RUNTIME_ERROR(utility.addHoursToTime(at(9999, 12, 31), 48.0),
-                       5);
+  EXPECT_RUNTIME_ERROR(utility.addHoursToTime(at(9999, 12, 31), 48.0), 5);
 }
 
 TEST(DateUtilityTest, GetHoursBetweenIsNeverNegative) {

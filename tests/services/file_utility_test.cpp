@@ -81,8 +81,7 @@ TEST(FileUtilityTest, EnsureFolderExistsMakesParentsAndReportsAFileInTheWay) {
   utility.ensureFolderExists(deep);  // again: nothing happens
   utility.ensureFolderExists("");
   touch(dir.file("blocker"));
-  EXPECT_RUNTIME_ERROR(utility.ensureFolderExists(dir.file("blocker/sub")),
-                       76);
+  EXPECT_RUNTIME_ERROR(utility.ensureFolderExists(dir.file("blocker/sub")), 76);
 }
 
 TEST(FileUtilityTest, MakeUniqueFilePathKeepsTheStartOfTheName) {

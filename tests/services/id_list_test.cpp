@@ -39,8 +39,8 @@ void buildTwice(IDList& list) {
 TEST(IDListTest, ClientRowsOfAFirstBuildSurviveASecondBuild) {
   IndexedIDList list;
   buildTwice(list);
-  EXPECT_EQ(dump(list), (std::vector<std::string>{"1:Company Name", "2:Client ID",
-                                                  "3:Firm Name", "1:Firm Name"}));
+  EXPECT_EQ(dump(list), (std::vector<std::string>{"1:Company Name", "2:Client ID", "3:Firm Name",
+                                                  "1:Firm Name"}));
   EXPECT_EQ(list.getRowCount(), 4);
 }
 
@@ -95,17 +95,17 @@ TEST(IDListTest, FindRowComparesLikeTheRuntime) {
   } cases[] = {
       {Variant("société générale"), 10},  // Unicode case folding
       {Variant("Société Générale"), 10},
-      {Variant("société"), -1},           // whole value, not a part
-      {Variant(int16_t{12}), 11},         // Integer finds Long
+      {Variant("société"), -1},    // whole value, not a part
+      {Variant(int16_t{12}), 11},  // Integer finds Long
       {Variant(12.0), 11},
-      {Variant("12"), 11},                // a text that reads as 12 finds the number
-      {Variant(int32_t{12}), 11},         // the number cell comes before "012"
-      {Variant("012"), 11},               // reads as 12, and the number comes first
+      {Variant("12"), 11},         // a text that reads as 12 finds the number
+      {Variant(int32_t{12}), 11},  // the number cell comes before "012"
+      {Variant("012"), 11},        // reads as 12, and the number comes first
       {Variant(Date::fromYmd(2026, 11, 23)), 13},
-      {Variant(int32_t{-1}), 14},         // True is -1
+      {Variant(int32_t{-1}), 14},  // True is -1
       {Variant(""), 15},
-      {Variant(), 15},                    // Empty finds ""
-      {Variant::null(), -1},              // Null equals nothing, not even a Null cell
+      {Variant(), 15},        // Empty finds ""
+      {Variant::null(), -1},  // Null equals nothing, not even a Null cell
       {Variant::missing(), -1},
       {Variant("«COMPANY NAME»"), 17},
       {Variant(2.5f), 18},
@@ -186,11 +186,9 @@ TEST(IDListTest, BadColumnsAndNoCurrentRowRaise) {
     EXPECT_RUNTIME_ERROR(list.getColumn(column), 9);
     EXPECT_RUNTIME_ERROR(list.findRow(column, Variant("x")), 9);
   }
-  EXPECT_RUNTIME_ERROR(list.addRow(2, IDList::Row(25, Variant("x"))),
-                       9);
+  EXPECT_RUNTIME_ERROR(list.addRow(2, IDList::Row(25, Variant("x"))), 9);
   EXPECT_EQ(list.getRowCount(), 1);
 }
-
 
 TEST(IDListTest, CopyListReplacesTheDestination) {
   IndexedIDList source, destination;

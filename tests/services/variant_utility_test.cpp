@@ -50,7 +50,9 @@ TEST(VariantUtilityTest, CleanFieldNameKeepsBlanksAndTakesOutWhatColumnsRefuse) 
       {"Société Générale", "Société Générale"},
       {"«Company»", "«Company»"},
       {"🦆 Duck", "🦆 Duck"},
-      {"bad\xff" "byte", "badbyte"},
+      {"bad\xff"
+       "byte",
+       "badbyte"},
       {"...", "Field"},
       {"", "Field"},
       {"Custom Field 1:", "Custom Field 1:"},
