@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "support/practice_db.h"
 #include "support/recording_database.h"
 #include "support/test_support.h"
 
@@ -15,7 +16,6 @@ namespace nvwm::testing {
 class PracticeFixture {
  public:
   PracticeFixture();
-  ~PracticeFixture();
   PracticeFixture(const PracticeFixture&) = delete;
   PracticeFixture& operator=(const PracticeFixture&) = delete;
 
@@ -29,8 +29,7 @@ class PracticeFixture {
 
  private:
   ScopedReferences refs_;
-  struct Database;
-  std::unique_ptr<Database> database_;
+  PracticeDb practice_;
   std::shared_ptr<RecordingDatabase> db_;
 };
 
