@@ -230,7 +230,9 @@ TEST(TaskIDFromScheduleIDTest, LiveTaskFirstThenTheArchive) {
     EXPECT_EQ(getTaskIDFromScheduleID(7), c.expected);
     EXPECT_EQ(f.db().sqlSent(), c.sql);
     EXPECT_EQ(f.errorNumbers(), c.errors);
-    if (c.errors.empty()) EXPECT_TRUE(f.db().stillOpen().empty());
+    if (c.errors.empty()) {
+      EXPECT_TRUE(f.db().stillOpen().empty());
+    }
   }
 }
 
