@@ -17,6 +17,7 @@
 
 #include <algorithm>
 #include <array>
+#include <functional>
 
 #include "runtime/error.h"
 #include "runtime/utf8.h"
@@ -160,6 +161,28 @@ size_t rfindBinary(std::string_view s, std::string_view needle, bool needleValid
   return std::string_view::npos;
 }
 
+// A substring search prepared once per needle: Boyer-Moore-Horspool for needles long enough
+// to skip, which placeholders are; a plain search for short ones. Templates are full of the
+// first byte of a placeholder ("\\" in RTF, the lead byte of "«" in UTF-8), which is what
+// makes a first-byte scan slow here.
+class Searcher {
+ public:
+  explicit Searcher(std::string_view needle)
+      : needle_(needle), skip_(needle.begin(), needle.end()) {}
+
+  size_t find(std::string_view hay, size_t from) const {
+    if (from > hay.size()) return std::string_view::npos;
+    if (needle_.size() < 4) return hay.find(needle_, from);
+    auto it = std::search(hay.begin() + static_cast<std::ptrdiff_t>(from), hay.end(), skip_);
+    return it == hay.end() ? std::string_view::npos : static_cast<size_t>(it - hay.begin());
+  }
+  size_t size() const { return needle_.size(); }
+
+ private:
+  std::string_view needle_;
+  std::boyer_moore_horspool_searcher<std::string_view::const_iterator> skip_;
+};
+
 int32_t toPosition(size_t chars) { return static_cast<int32_t>(chars); }
 
 int sign(int c) { return c < 0 ? -1 : c > 0 ? 1 : 0; }
@@ -250,7 +273,7 @@ int32_t InStr(int32_t start, std::string_view s, std::string_view find, CompareM
     thread_local std::string hay, needle;
     lowerAsciiInto(rest, hay);
     lowerAsciiInto(find, needle);
-    size_t p = hay.find(needle);
+    size_t p = Searcher(needle).find(hay, 0);
     return p == std::string::npos ? 0 : start + toPosition(p);
   }
   FoldedText folded{std::string(rest)};
@@ -400,27 +423,42 @@ void FoldedText::fold() {
     byteStart_.reserve(text_.size() + 1);
     foldInto(text_, folded_, &foldedStart_, &byteStart_);
   }
+  for (DelimitedIndex& index : indexes_) buildIndex(index);
+}
+
+void FoldedText::indexDelimited(std::string_view open, std::string_view close) {
+  if (open.empty() || close.empty()) return;
+  DelimitedIndex index{foldCase(open), foldCase(close), {}};
+  buildIndex(index);
+  indexes_.push_back(std::move(index));
 }
 
 int32_t FoldedText::length() const {
   return toPosition(ascii_ ? text_.size() : byteStart_.size() - 1);
 }
 
-bool FoldedText::findFolded(std::string_view needle, size_t from, size_t& begin,
-                            size_t& end) const {
-  std::string_view hay = folded_;
-  for (size_t p = hay.find(needle, from); p != std::string_view::npos;
-       p = hay.find(needle, p + 1)) {
-    if (ascii_ ||
-        (std::binary_search(foldedStart_.begin(), foldedStart_.end(), p) &&
-         std::binary_search(foldedStart_.begin(), foldedStart_.end(), p + needle.size()))) {
+bool FoldedText::isBoundary(size_t at) const {
+  return ascii_ || std::binary_search(foldedStart_.begin(), foldedStart_.end(), at);
+}
+
+namespace {
+
+// The first match at or after folded offset `from` that begins and ends on characters.
+template <class IsBoundary>
+bool findFolded(std::string_view folded, const Searcher& searcher, size_t from,
+                IsBoundary isBoundary, size_t& begin, size_t& end) {
+  for (size_t p = searcher.find(folded, from); p != std::string_view::npos;
+       p = searcher.find(folded, p + 1)) {
+    if (isBoundary(p) && isBoundary(p + searcher.size())) {
       begin = p;
-      end = p + needle.size();
+      end = p + searcher.size();
       return true;
     }
   }
   return false;
 }
+
+}  // namespace
 
 TextMatch FoldedText::toMatch(size_t foldedBegin, size_t foldedEnd) const {
   TextMatch m;
@@ -442,25 +480,55 @@ TextMatch FoldedText::toMatch(size_t foldedBegin, size_t foldedEnd) const {
   return m;
 }
 
+void FoldedText::buildIndex(DelimitedIndex& index) const {
+  index.spans.clear();
+  Searcher open(index.open), close(index.close);
+  auto boundary = [this](size_t at) { return isBoundary(at); };
+  std::string_view folded = folded_;
+  size_t openBegin, openEnd, closeBegin, closeEnd;
+  for (size_t from = 0; findFolded(folded, open, from, boundary, openBegin, openEnd);
+       from = openBegin + 1) {
+    // Every opening delimiter starts a span, also one inside another span ("««Name»").
+    if (!findFolded(folded, close, openEnd, boundary, closeBegin, closeEnd)) break;
+    index.spans.insert(
+        std::hash<std::string_view>{}(folded.substr(openBegin, closeEnd - openBegin)));
+  }
+}
+
+bool FoldedText::mayOccur(std::string_view needle) const {
+  for (const DelimitedIndex& index : indexes_) {
+    std::string_view open = index.open, close = index.close;
+    // Only a needle that is one whole span: open, a name without `close`, close.
+    if (needle.size() >= open.size() + close.size() && needle.substr(0, open.size()) == open &&
+        needle.find(close, open.size()) == needle.size() - close.size()) {
+      return index.spans.count(std::hash<std::string_view>{}(needle)) > 0;
+    }
+  }
+  return true;
+}
+
 std::optional<TextMatch> FoldedText::match(std::string_view needle, int32_t start) const {
   if (start < 1) badArgument("search with a start below 1");
   if (needle.empty() || start > length()) return std::nullopt;
   size_t from = ascii_ ? static_cast<size_t>(start) - 1 : foldedStart_[start - 1];
   std::string foldedNeedle = foldCase(needle);
+  if (!mayOccur(foldedNeedle)) return std::nullopt;
+  Searcher searcher(foldedNeedle);
   size_t begin, end;
-  if (!findFolded(foldedNeedle, from, begin, end)) return std::nullopt;
+  auto boundary = [this](size_t at) { return isBoundary(at); };
+  if (!findFolded(folded_, searcher, from, boundary, begin, end)) return std::nullopt;
   return toMatch(begin, end);
 }
 
 std::optional<TextMatch> FoldedText::matchLast(std::string_view needle) const {
   if (needle.empty()) return std::nullopt;
   std::string foldedNeedle = foldCase(needle);
+  if (!mayOccur(foldedNeedle)) return std::nullopt;
   std::string_view hay = folded_;
   for (size_t p = hay.rfind(foldedNeedle); p != std::string_view::npos;
        p = p == 0 ? std::string_view::npos : hay.rfind(foldedNeedle, p - 1)) {
     size_t e = p + foldedNeedle.size();
-    if (ascii_ || (std::binary_search(foldedStart_.begin(), foldedStart_.end(), p) &&
-                   std::binary_search(foldedStart_.begin(), foldedStart_.end(), e))) {
+    if (isBoundary(p) && isBoundary(e)) {
       return toMatch(p, e);
     }
   }
@@ -476,12 +544,16 @@ int32_t FoldedText::replaceAll(std::string_view needle, std::string_view replace
                                int32_t maxCount) {
   if (needle.empty() || maxCount == 0) return 0;
   std::string foldedNeedle = foldCase(needle);
+  if (!mayOccur(foldedNeedle)) return 0;
+  Searcher searcher(foldedNeedle);
+  auto boundary = [this](size_t at) { return isBoundary(at); };
   std::string out;
   size_t copied = 0;  // bytes of text_ already handled
   size_t from = 0;    // folded offset to search from
   int32_t count = 0;
   size_t begin, end;
-  while ((maxCount < 0 || count < maxCount) && findFolded(foldedNeedle, from, begin, end)) {
+  while ((maxCount < 0 || count < maxCount) &&
+         findFolded(folded_, searcher, from, boundary, begin, end)) {
     if (count == 0) out.reserve(text_.size() + replacement.size());
     TextMatch m = toMatch(begin, end);
     out.append(text_, copied, m.byteBegin - copied);

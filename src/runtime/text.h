@@ -19,6 +19,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_set>
 #include <vector>
 
 namespace nvwm {
@@ -116,9 +117,9 @@ class FoldedText {
   // The first match at or after character `start` (from 1), or nothing. An empty needle
   // matches nothing here. start < 1 raises 5.
   std::optional<TextMatch> match(std::string_view needle, int32_t start = 1) const;
-  // Position of the first match at or after `start`, or 0, as InStr(start, text, needle, 1).
   // The last match in the text, or nothing.
   std::optional<TextMatch> matchLast(std::string_view needle) const;
+  // Position of the first match at or after `start`, or 0, as InStr(start, text, needle, 1).
   int32_t find(std::string_view needle, int32_t start = 1) const;
   bool contains(std::string_view needle) const { return find(needle) > 0; }
 
@@ -128,10 +129,26 @@ class FoldedText {
   // stale. An empty needle replaces nothing.
   int32_t replaceAll(std::string_view needle, std::string_view replacement, int32_t maxCount = -1);
 
+  // Indexes every span that runs from an `open` delimiter to the first `close` after it, both
+  // included ("«Company Name»"), so that looking for a needle of that form that isn't in the
+  // text is a hash lookup instead of a scan: a template holds a few placeholders and the
+  // catalogue asks for hundreds. Results are the same with or without the index; it follows
+  // replacements. Other needles are searched as before. Delimiters are whole characters
+  // ("«", "\\'ab"); several pairs may be indexed. Empty delimiters are ignored.
+  void indexDelimited(std::string_view open, std::string_view close);
+
  private:
+  struct DelimitedIndex {
+    std::string open, close;           // folded
+    std::unordered_set<size_t> spans;  // hashes of the folded spans
+  };
+
   void fold();
-  // The first match at or after folded byte `from`, as folded offsets [begin, end).
-  bool findFolded(std::string_view foldedNeedle, size_t from, size_t& begin, size_t& end) const;
+  void buildIndex(DelimitedIndex& index) const;
+  // False only when the folded needle certainly doesn't occur.
+  bool mayOccur(std::string_view foldedNeedle) const;
+  // True when folded offset `at` starts a character (or is the end).
+  bool isBoundary(size_t at) const;
   TextMatch toMatch(size_t foldedBegin, size_t foldedEnd) const;
 
   std::string text_;
@@ -143,6 +160,7 @@ class FoldedText {
   // end. Both strictly increasing.
   std::vector<uint32_t> foldedStart_;
   std::vector<uint32_t> byteStart_;
+  std::vector<DelimitedIndex> indexes_;
 };
 
 }  // namespace nvwm

@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "runtime/clock.h"
+#include "runtime/format.h"
 #include "support/test_support.h"
 
 namespace nvwm {
@@ -194,6 +195,26 @@ TEST(ConvertTest, CDateTakesNumbersButIsDateDoesNot) {
   EXPECT_FALSE(TryCDate(Variant(1e10)).has_value());
   EXPECT_RUNTIME_ERROR(CDate(Variant(1e10)), 6);
   EXPECT_RUNTIME_ERROR(CDate(Variant("1e10")), 6);
+}
+
+TEST(ConvertTest, TheLibrarysOwnTextsReadBack) {
+  // The calendar routines strip dates and times by formatting them and reading the text back.
+  const Date cases[] = {
+      Date::fromParts({2026, 11, 22, 9, 5, 0}),
+      Date::fromParts({2026, 3, 5, 0, 0, 0}),
+      Date::fromParts({2026, 3, 5, 12, 0, 0}),
+      Date::fromParts({2026, 12, 31, 23, 59, 0}),
+  };
+  for (Date d : cases) {
+    SCOPED_TRACE(CStr(Variant(d)));
+    EXPECT_EQ(
+        CDate(Variant(Format(Variant(d), "Short Date") + " " + Format(Variant(d), "hh:nn am/pm"))),
+        d);
+    EXPECT_EQ(CDate(Variant(Format(Variant(d), "mmm d, yyyy"))), d.datePart());
+    EXPECT_EQ(CDate(Variant(Format(Variant(d), "hh:nn am/pm"))), d.timePart());
+    EXPECT_EQ(CDate(Variant(Format(Variant(d), "h:Nn am/pm"))), d.timePart());
+    EXPECT_EQ(CDate(Variant(CStr(Variant(d)))), d);
+  }
 }
 
 TEST(ConvertTest, AMissingYearIsTheClocksYear) {

@@ -76,6 +76,48 @@ TEST(FoldedTextTest, SearchesTheUpdatedTextAfterAReplacement) {
   EXPECT_FALSE(folded.contains("«first»"));
 }
 
+TEST(FoldedTextTest, AnIndexOfDelimitedSpansGivesTheSameAnswers) {
+  const std::string_view text =
+      "Dear «Company Name», ««Contact» «Nested «Inner»» «open \\'abFirm\\'bb "
+      "\\'ABSOCIÉTÉ\\'BB «Straße»";
+  const std::string_view needles[] = {
+      "«company name»",
+      "«CONTACT»",
+      "««contact»",
+      "«Inner»",
+      "«Nested «Inner»",
+      "«Nested «Inner»»",
+      "«open \\'abFirm\\'bb «Straße»",
+      "\\'abfirm\\'bb",
+      "\\'absociété\\'bb",
+      "«STRASSE»",
+      "«Missing»",
+      "«Company»",
+      "Company",
+      "»",
+      "\\'abNope\\'bb",
+  };
+  FoldedText plain{std::string(text)};
+  FoldedText indexed{std::string(text)};
+  indexed.indexDelimited("«", "»");
+  indexed.indexDelimited("\\'ab", "\\'bb");
+  for (std::string_view needle : needles) {
+    SCOPED_TRACE(needle);
+    EXPECT_EQ(indexed.find(needle), plain.find(needle));
+    EXPECT_EQ(indexed.find(needle), InStr(1, text, needle, CompareMode::kText));
+  }
+}
+
+TEST(FoldedTextTest, TheIndexFollowsReplacements) {
+  FoldedText folded{"«A» and «B»"};
+  folded.indexDelimited("«", "»");
+  EXPECT_EQ(folded.replaceAll("«a»", "«C»"), 1);  // a value may bring a placeholder
+  EXPECT_EQ(folded.find("«c»"), 1);
+  EXPECT_EQ(folded.find("«A»"), 0);
+  EXPECT_EQ(folded.replaceAll("«b»", "x"), 1);
+  EXPECT_EQ(folded.text(), "«C» and x");
+}
+
 TEST(FoldedTextTest, EmptyNeedleMatchesNothingAndBadStartRaises5) {
   FoldedText folded{"abc"};
   EXPECT_FALSE(folded.match("").has_value());
