@@ -426,12 +426,18 @@ std::string CStr(const Variant& v) {
     case VarType::kDouble:
       return doubleToText(v.doubleValue());
     case VarType::kCurrency: {
-      char buf[64];
-      std::snprintf(buf, sizeof buf, "%.4f", v.currencyValue().toDouble());
-      std::string s = buf;
-      while (s.back() == '0') s.pop_back();
-      if (s.back() == '.') s.pop_back();
-      return s == "-0" ? "0" : s;
+      // In whole units: a double can't hold every amount of 19 digits.
+      int64_t units = v.currencyValue().units;
+      uint64_t magnitude =
+          units < 0 ? uint64_t(0) - static_cast<uint64_t>(units) : static_cast<uint64_t>(units);
+      std::string s = (units < 0 ? "-" : "") + std::to_string(magnitude / 10000);
+      if (uint64_t fraction = magnitude % 10000) {
+        char buf[8];
+        std::snprintf(buf, sizeof buf, ".%04u", static_cast<unsigned>(fraction));
+        s += buf;
+        while (s.back() == '0') s.pop_back();
+      }
+      return s;
     }
     case VarType::kDate:
       return generalDateText(v.dateValue());

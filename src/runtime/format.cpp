@@ -125,7 +125,7 @@ PatternShape shapeOf(std::string_view p) {
     if (readQuotedOrEscaped(p, i, ignored)) continue;
     char c = lower(p[i]);
     if (c == '0' || c == '#') shape.digits = true;
-    if (std::strchr("dmyhnswqc", c) != nullptr || startsWithNoCase(p, i, "a/p") ||
+    if ((c != 0 && std::strchr("dmyhnswqc", c) != nullptr) || startsWithNoCase(p, i, "a/p") ||
         startsWithNoCase(p, i, "am/pm") || startsWithNoCase(p, i, "ttttt")) {
       shape.date = true;
     }
@@ -725,7 +725,11 @@ std::string Format(const Variant& value, std::string_view pattern) {
     return text;
   }
   // Numbers and Booleans.
-  double number = CDbl(value);
+  // A Single is taken at its own 7 digits, so 2.675! prints "2.68" and not "2.67" from
+  // 2.67499995...
+  double number = value.type() == VarType::kSingle
+                      ? std::strtod(singleToText(value.singleValue()).c_str(), nullptr)
+                      : CDbl(value);
   if (datePattern && (named == Named::kDate || shape.date))
     return formatDate(Date(number), pattern);
   return formatNumber(number, pattern);

@@ -127,6 +127,8 @@ TEST(ConvertTest, CStrGivesTheRuntimesText) {
       {Variant(123456789012345.0), "123456789012345"},
       {Variant(-0.0), "0"},
       {Variant(Currency{12345000}), "1234.5"},
+      {Variant(Currency{-5}), "-0.0005"},
+      {Variant(Currency{9223372036854775807}), "922337203685477.5807"},
       {Variant(Date::fromYmd(2026, 11, 23)), "11/23/2026"},
       {Variant(Date::fromParts({2026, 11, 23, 9, 30, 0})), "11/23/2026 9:30:00 AM"},
       {Variant(Date::fromTime(21, 5, 9)), "9:05:09 PM"},

@@ -96,6 +96,7 @@ TEST(FormatNumberTest, OtherValueKinds) {
   EXPECT_EQ(Format(Variant(int16_t{-7}), "000"), "-007");
   EXPECT_EQ(Format(Variant(int32_t{1250}), "$#,##0.00;$-#,##0.00"), "$1,250.00");
   EXPECT_EQ(Format(Variant(Currency{12345000}), "#,##0.00"), "1,234.50");
+  EXPECT_EQ(Format(Variant(2.675f), "0.00"), "2.68");
   EXPECT_EQ(Format(Variant("1250"), "$#,##0.00;$-#,##0.00"), "$1,250.00");
   EXPECT_EQ(Format(Variant("-1,250.5"), "#,##0.00"), "-1,250.50");
   EXPECT_EQ(Format(Variant("abc"), "$#,##0.00"), "abc");
