@@ -104,6 +104,12 @@ struct TextMatch {
 // placeholder of the catalogue in the same text, so folding the text per search would fold it
 // hundreds of times. Holds its own copy of the text. Searching is as InStr in compare mode 1.
 // Not thread-safe for writing (replaceAll); const members may be shared.
+//
+// A fill, typically:
+//   FoldedText text(std::move(templateText));
+//   text.indexDelimited("«", "»");
+//   text.indexDelimited("\\'ab", "\\'bb");
+//   for (each catalogue row) if (text.contains(placeholder)) text.replaceAll(placeholder, value);
 class FoldedText {
  public:
   FoldedText() : FoldedText(std::string()) {}
@@ -133,8 +139,8 @@ class FoldedText {
   // included ("«Company Name»"), so that looking for a needle of that form that isn't in the
   // text is a hash lookup instead of a scan: a template holds a few placeholders and the
   // catalogue asks for hundreds. Results are the same with or without the index; it follows
-  // replacements. Other needles are searched as before. Delimiters are whole characters
-  // ("«", "\\'ab"); several pairs may be indexed. Empty delimiters are ignored.
+  // replacements. Other needles are searched as before. Delimiters are whole characters or
+  // runs of them ("«", "\'ab"); several pairs may be indexed. Empty delimiters are ignored.
   void indexDelimited(std::string_view open, std::string_view close);
 
  private:
