@@ -10,7 +10,8 @@
 //   unchanged, so a text in another encoding survives a round trip through the runtime.
 // - Case-insensitive comparison folds valid characters only; a bad byte matches the same byte
 //   and nothing else. A match never starts or ends inside a character.
-// - Where text must become UTF-16 for ICU, a bad byte becomes U+FFFD in that copy only.
+// - Bad bytes never reach ICU: case mapping converts only the valid runs between them, so no
+//   U+FFFD is ever made up.
 #pragma once
 
 #include <cstddef>
