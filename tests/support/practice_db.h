@@ -1,0 +1,43 @@
+// A practice database for one test: a temporary file made from data/schema.sql, rows inserted
+// with plain SQL, and the database service over it.
+//
+//   PracticeDb db;
+//   db.exec("INSERT INTO Companies (CompanyID, CompanyName) VALUES (1, 'Maple Leaf Bakery');");
+//   std::shared_ptr<SqliteDatabase> svc = db.service();
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "services/sqlite/sqlite_database.h"
+#include "support/test_support.h"
+
+struct sqlite3;
+
+namespace nvwm::testing {
+
+class PracticeDb {
+ public:
+  PracticeDb();
+  ~PracticeDb();
+  PracticeDb(const PracticeDb&) = delete;
+  PracticeDb& operator=(const PracticeDb&) = delete;
+
+  // Runs SQL on the file through a connection of its own (several statements allowed). Fails
+  // the test with SQLite's message on an error.
+  void exec(const std::string& sql);
+  // The first column of the first row as SQLite stores it, as text: "NULL" for Null, numbers
+  // as SQLite prints them, "" when there is no row. For checking stored forms.
+  std::string stored(const std::string& sql);
+  // The service over the file, made at the first call; the same one after.
+  std::shared_ptr<SqliteDatabase> service();
+  const std::string& path() const { return path_; }
+
+ private:
+  TempDir dir_;
+  std::string path_;
+  sqlite3* db_ = nullptr;
+  std::shared_ptr<SqliteDatabase> service_;
+};
+
+}  // namespace nvwm::testing
