@@ -4,6 +4,23 @@
 
 #include "services/sqlite/practice_schema.h"
 
+#include "runtime/convert.h"
+
+namespace nvwm {
+
+void PrintTo(const Variant& v, std::ostream* os) {
+  *os << static_cast<int>(v.type()) << ":";
+  if (v.isNull()) {
+    *os << "Null";
+  } else if (v.isObject() || v.isMissing()) {
+    *os << "?";
+  } else {
+    *os << CStr(v);
+  }
+}
+
+}  // namespace nvwm
+
 namespace nvwm::testing {
 
 PracticeDb::PracticeDb() : path_(dir_.file("practice.db")) {

@@ -7,12 +7,18 @@
 #pragma once
 
 #include <memory>
+#include <ostream>
 #include <string>
 
 #include "services/sqlite/sqlite_database.h"
 #include "support/test_support.h"
 
 struct sqlite3;
+
+namespace nvwm {
+// Shows a Variant in test failures as its type code and text ("8:Guelph", "1:Null").
+void PrintTo(const Variant& v, std::ostream* os);
+}  // namespace nvwm
 
 namespace nvwm::testing {
 

@@ -162,8 +162,9 @@ StoredValue defaultValue(ColumnKind kind, std::string_view text) {
 
 }  // namespace
 
-SqliteDatabase::SqliteDatabase(const std::string& path) : path_(path) {
-  if (sqlite3_open_v2(path.c_str(), &db_, SQLITE_OPEN_READWRITE, nullptr) != SQLITE_OK) {
+SqliteDatabase::SqliteDatabase(const std::string& path, bool readOnly) : path_(path) {
+  if (readOnly ||
+      sqlite3_open_v2(path.c_str(), &db_, SQLITE_OPEN_READWRITE, nullptr) != SQLITE_OK) {
     sqlite3_close(db_);
     db_ = nullptr;
     if (sqlite3_open_v2(path.c_str(), &db_, SQLITE_OPEN_READONLY, nullptr) != SQLITE_OK) {

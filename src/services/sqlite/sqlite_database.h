@@ -38,7 +38,8 @@ class SqliteDatabase : public DatabaseService {
   // Opens an existing database file; never creates one. A missing file, a file that isn't an
   // SQLite database or can't be read leaves the service unconnected: isConnected is False and
   // every recordset operation raises 3001. A read-only file opens for reading; writes raise.
-  explicit SqliteDatabase(const std::string& path);
+  // readOnly opens the file for reading only, as if it were a read-only file.
+  explicit SqliteDatabase(const std::string& path, bool readOnly = false);
   ~SqliteDatabase() override;
   SqliteDatabase(const SqliteDatabase&) = delete;
   SqliteDatabase& operator=(const SqliteDatabase&) = delete;
