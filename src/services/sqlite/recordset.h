@@ -6,6 +6,7 @@
 #pragma once
 
 #include <cstdint>
+#include <deque>
 #include <optional>
 #include <string>
 #include <unordered_map>
@@ -52,7 +53,7 @@ struct Recordset {
   std::vector<Column> columns;
   std::unordered_map<std::string, int> by_name;  // folded name -> column
   std::vector<std::string> tables;               // base tables whose rowid each row keeps
-  std::vector<Variant> cells;                    // rows x columns
+  std::deque<Variant> cells;                     // rows x columns (chunked: no copying as it grows)
   std::vector<int64_t> rowids;                   // rows x tables (empty when not updatable)
   size_t row_count = 0;
   size_t cursor = 0;
