@@ -67,3 +67,12 @@ std::shared_ptr<SqliteDatabase> PracticeDb::service() {
 }
 
 }  // namespace nvwm::testing
+
+namespace nvwm::testing {
+
+void FailingDatabaseService::beforeCall(const char* operation) {
+  if (!operation_.empty() && operation_ != operation) return;
+  if (++calls_ == failingCall_) raise(ErrorNumber::kDatabaseError, "injected failure");
+}
+
+}  // namespace nvwm::testing

@@ -47,3 +47,32 @@ class PracticeDb {
 };
 
 }  // namespace nvwm::testing
+
+#include "services/sqlite/forwarding_database_service.h"
+
+namespace nvwm::testing {
+
+// A database service that fails on purpose: the Nth call of an operation (or of any
+// operation, with an empty name) raises RuntimeError 3001 "Database error: injected failure",
+// and the calls are counted. The calls before and after go through to the target.
+class FailingDatabaseService : public ForwardingDatabaseService {
+ public:
+  FailingDatabaseService(std::shared_ptr<DatabaseService> target, std::string operation,
+                         int failingCall)
+      : ForwardingDatabaseService(std::move(target)),
+        operation_(std::move(operation)),
+        failingCall_(failingCall) {}
+
+  // Calls of the watched operation so far (every call when the name is empty).
+  int calls() const { return calls_; }
+
+ protected:
+  void beforeCall(const char* operation) override;
+
+ private:
+  std::string operation_;
+  int failingCall_;
+  int calls_ = 0;
+};
+
+}  // namespace nvwm::testing
