@@ -456,5 +456,31 @@ TEST(LibrarySqlTest, ClientListReadsEachTablesOwnColumns) {
   }
 }
 
+TEST(LibrarySqlTest, ClientListsOpenedUpdatableWriteThrough) {
+  PracticeDb db;
+  db.exec(kSeed);
+  auto svc = db.service();
+  int lists = 0;
+  for (const char* sql : kLibrarySql) {
+    std::string s = sql;
+    if (s.find("CompaniesNotes.BusinessNotes") == std::string::npos) continue;
+    SCOPED_TRACE(s);
+    ++lists;
+    Handle h = svc->openRecordset(s, kCursorKeyset, kLockOptimistic);
+    ASSERT_FALSE(svc->isEOF(h));
+    int32_t company = svc->getField(h, "CompanyID").longValue();
+    std::string text = "notes " + std::to_string(lists);
+    svc->setField(h, "BusinessNotes", text);
+    svc->setField(h, "GSTNumber", text);
+    EXPECT_EQ(db.stored("SELECT BusinessNotes FROM CompaniesNotes WHERE CompanyNum = " +
+                        std::to_string(company)),
+              text);
+    EXPECT_EQ(db.stored("SELECT GSTNumber FROM AccountingServices WHERE AccountingServiceID = " +
+                        std::to_string(company)),
+              text);  // client n belongs to company n in the seed
+  }
+  EXPECT_EQ(lists, 12);
+}
+
 }  // namespace
 }  // namespace nvwm

@@ -2,9 +2,10 @@
 //
 // Model: openRecordset runs the statement once and keeps every row, typed by declared type
 // (a keyset snapshot, as the library asks for). A recordset opened with lock type 3 also keeps
-// the rowid of each base table of each row: the statement is prepared a second time with
-// `"Table".rowid` columns put in front of the select list, which the caller never sees. A
-// write goes straight to the table row by that rowid and then into the snapshot.
+// the rowid of each base table of each row: the table's INTEGER PRIMARY KEY where the select
+// list holds it, else a `"Table".rowid` column put in front of the select list, which the
+// caller never sees. A write goes straight to the table row by that rowid and then into the
+// snapshot.
 #include "services/sqlite/sqlite_database.h"
 
 #include <sqlite3.h>
@@ -268,6 +269,10 @@ Handle SqliteDatabase::openRecordset(const std::string& sql, int32_t /*cursorTyp
   }
   rs->nameColumns();
 
+  // Where each base table's rowid comes from: its INTEGER PRIMARY KEY column when the select
+  // list has it (a table inside nested joins can be reached no other way), else a hidden
+  // `"Table".rowid` column put in front; -1 when neither works (that table can't be written).
+  std::vector<int> rowidSource;
   int hidden = 0;
   if (!rs->read_only) {
     for (Column& c : rs->columns) {
@@ -276,21 +281,48 @@ Handle SqliteDatabase::openRecordset(const std::string& sql, int32_t /*cursorTyp
       c.table_index = static_cast<int>(it - rs->tables.begin());
       if (it == rs->tables.end()) rs->tables.push_back(c.table);
     }
-    std::string keyed = rs->tables.empty() ? "" : withRowids(text, rs->tables);
-    if (!keyed.empty() && st.tryPrepare(db_, keyed) &&
-        sqlite3_column_count(st.get()) == n + static_cast<int>(rs->tables.size())) {
-      hidden = static_cast<int>(rs->tables.size());
-    } else {
-      // No row identity: reads work, writes raise.
-      rs->tables.clear();
-      for (Column& c : rs->columns) c.table_index = -1;
-      st.prepare(db_, text);
+    std::vector<std::string> unkeyed;
+    for (const std::string& table : rs->tables) {
+      std::string key = sqlite::foldAscii(tableInfo(db_, table).key);
+      int source = -1;
+      for (int i = 0; i < n && !key.empty(); ++i) {
+        if (rs->columns[i].table == table && sqlite::foldAscii(rs->columns[i].origin) == key) {
+          source = i;
+          break;
+        }
+      }
+      if (source < 0) {
+        source = -2 - static_cast<int>(unkeyed.size());  // hidden column, decoded below
+        unkeyed.push_back(table);
+      }
+      rowidSource.push_back(source);
+    }
+    if (!unkeyed.empty()) {
+      std::string keyed = withRowids(text, unkeyed);
+      if (!keyed.empty() && st.tryPrepare(db_, keyed) &&
+          sqlite3_column_count(st.get()) == n + static_cast<int>(unkeyed.size())) {
+        hidden = static_cast<int>(unkeyed.size());
+      } else {
+        st.prepare(db_, text);
+        for (size_t t = 0; t < rs->tables.size(); ++t) {
+          if (rowidSource[t] >= 0) continue;
+          rowidSource[t] = -1;
+          for (Column& c : rs->columns) {
+            if (c.table_index == static_cast<int>(t)) c.table_index = -1;
+          }
+        }
+      }
+    }
+    for (int& source : rowidSource) {
+      if (source >= 0) source += hidden;
+      else if (source <= -2) source = -2 - source;
     }
   }
 
   s = st.get();
   while (st.step(db_) == SQLITE_ROW) {
-    for (int t = 0; t < hidden; ++t) rs->rowids.push_back(sqlite3_column_int64(s, t));
+    for (int source : rowidSource)
+      rs->rowids.push_back(source < 0 ? 0 : sqlite3_column_int64(s, source));
     for (int i = 0; i < n; ++i)
       rs->cells.push_back(sqlite::readColumn(s, hidden + i, rs->columns[i].kind));
     ++rs->row_count;
