@@ -58,8 +58,8 @@ void generatePractice(const std::string& path, const PracticeSize& size) {
   Writer w(path);
   const char* const employees[] = {"Margaret Okafor", "Daniel Fournier", "Priya Raman",
                                    "Tom Whitlock"};
-  auto* employee = w.prepare(
-      "INSERT INTO AccountantEmployeeInfo (ContactID, DisplayName) VALUES (?1, ?2)");
+  auto* employee =
+      w.prepare("INSERT INTO AccountantEmployeeInfo (ContactID, DisplayName) VALUES (?1, ?2)");
   for (int e = 0; e < 4; ++e) w.run(employee, {employees[e]}, {901 + e});
 
   auto* company = w.prepare(
@@ -113,8 +113,7 @@ void generatePractice(const std::string& path, const PracticeSize& size) {
       int month = 1 + static_cast<int>((n + s) % 12);
       int64_t user = 901 + (n + s) % 4;
       std::string due = date(2026, month, 28);
-      w.run(schedule,
-            {"GST/HST return " + std::to_string(s + 1), employees[user - 901], due},
+      w.run(schedule, {"GST/HST return " + std::to_string(s + 1), employees[user - 901], due},
             {scheduleId, n, 101 + s % 14});
       if (s < size.tasksPerClient)
         w.run(task, {"GST/HST return", date(2026, month, 14)}, {scheduleId, scheduleId, user, n});

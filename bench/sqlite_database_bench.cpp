@@ -82,7 +82,8 @@ void BM_FindRecordByText10000(benchmark::State& state) {
   for (int32_t i = 0; i < 10000; ++i)
     names.emplace_back("client company " + std::to_string(1 + (i * 7919) % rows));
   for (auto _ : state) {
-    for (const Variant& name : names) benchmark::DoNotOptimize(db.findRecord(h, "CompanyName", name));
+    for (const Variant& name : names)
+      benchmark::DoNotOptimize(db.findRecord(h, "CompanyName", name));
   }
   state.SetItemsProcessed(state.iterations() * 10000);
 }

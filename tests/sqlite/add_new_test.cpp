@@ -12,7 +12,8 @@ TEST(AddNewTest, AutoNumberIsReadableBeforeUpdateAndIsTheStoredKey) {
   PracticeDb db;
   db.exec("INSERT INTO Reminders (ReminderID, UserIDNum) VALUES (41, 1);");
   auto svc = db.service();
-  Handle h = svc->openRecordset("SELECT Reminders.* FROM Reminders;", kCursorKeyset, kLockOptimistic);
+  Handle h =
+      svc->openRecordset("SELECT Reminders.* FROM Reminders;", kCursorKeyset, kLockOptimistic);
   svc->addNewRecord(h);
   Variant key = svc->getField(h, "ReminderID");
   EXPECT_EQ(key, Variant(int32_t{42}));
@@ -21,8 +22,10 @@ TEST(AddNewTest, AutoNumberIsReadableBeforeUpdateAndIsTheStoredKey) {
   svc->setNewField(h, "ReminderTime", Variant("09:05 am"));
   svc->updateRecord(h);
   EXPECT_EQ(db.stored("SELECT UserIDNum FROM Reminders WHERE ReminderID = 42"), "3");
-  EXPECT_EQ(db.stored("SELECT ReminderDate FROM Reminders WHERE ReminderID = 42"), "2026-11-23 00:00:00");
-  EXPECT_EQ(db.stored("SELECT ReminderTime FROM Reminders WHERE ReminderID = 42"), "1899-12-30 09:05:00");
+  EXPECT_EQ(db.stored("SELECT ReminderDate FROM Reminders WHERE ReminderID = 42"),
+            "2026-11-23 00:00:00");
+  EXPECT_EQ(db.stored("SELECT ReminderTime FROM Reminders WHERE ReminderID = 42"),
+            "1899-12-30 09:05:00");
   // The new row stays current after updateRecord.
   EXPECT_EQ(svc->getField(h, "ReminderID"), key);
   EXPECT_EQ(svc->getField(h, "ReminderDate"), Variant(Date::fromYmd(2026, 11, 23)));
@@ -91,8 +94,9 @@ TEST(AddNewTest, JoinCannotAddRows) {
 
 TEST(WriteThroughTest, SetFieldReachesTheRowWithoutTheKeyInTheSelectList) {
   PracticeDb db;
-  db.exec("INSERT INTO ContactLinks (CompanyNum, ContactIDNum, DefaultContact) VALUES "
-          "(1, 10, 1), (1, 11, 0), (2, 10, 0);");
+  db.exec(
+      "INSERT INTO ContactLinks (CompanyNum, ContactIDNum, DefaultContact) VALUES "
+      "(1, 10, 1), (1, 11, 0), (2, 10, 0);");
   auto svc = db.service();
   Handle h = svc->openRecordset(
       "SELECT ContactLinks.ContactIDNum, ContactLinks.DefaultContact FROM ContactLinks WHERE "
@@ -110,8 +114,9 @@ TEST(WriteThroughTest, SetFieldReachesTheRowWithoutTheKeyInTheSelectList) {
 
 TEST(WriteThroughTest, JoinWritesEachColumnToItsOwnTable) {
   PracticeDb db;
-  db.exec("INSERT INTO Companies (CompanyID, CompanyName) VALUES (5, 'Old');"
-          "INSERT INTO CompaniesNotes (CompanyNum, ContactNotes) VALUES (5, 'x');");
+  db.exec(
+      "INSERT INTO Companies (CompanyID, CompanyName) VALUES (5, 'Old');"
+      "INSERT INTO CompaniesNotes (CompanyNum, ContactNotes) VALUES (5, 'x');");
   auto svc = db.service();
   Handle h = svc->openRecordset(
       "SELECT Companies.CompanyName, CompaniesNotes.ContactNotes FROM Companies INNER JOIN "

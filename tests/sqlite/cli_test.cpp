@@ -1,6 +1,5 @@
 // The nvwordmerge commands of the practice database: sample-db and sql.
 #include <gtest/gtest.h>
-
 #include <sys/wait.h>
 
 #include <cstdio>
@@ -44,9 +43,10 @@ class CliTest : public ::testing::Test {
 };
 
 TEST_F(CliTest, SqlPrintsHeaderAndTabSeparatedRows) {
-  CliRun r = run("sql --db '" + db +
-              "' \"SELECT CompanyName, Province, Country FROM Companies WHERE CompanyID <= 2 ORDER "
-              "BY CompanyID\"");
+  CliRun r =
+      run("sql --db '" + db +
+          "' \"SELECT CompanyName, Province, Country FROM Companies WHERE CompanyID <= 2 ORDER "
+          "BY CompanyID\"");
   EXPECT_EQ(r.exitCode, 0);
   EXPECT_EQ(r.out,
             "CompanyName\tProvince\tCountry\n"
@@ -56,7 +56,8 @@ TEST_F(CliTest, SqlPrintsHeaderAndTabSeparatedRows) {
 
 TEST_F(CliTest, SqlPrintsNullAsNothingAndDatesInStoredForm) {
   CliRun r = run("sql --db '" + db +
-              "' \"SELECT Subject, DateFrom, TimeFrom, Custom5, Invoiced FROM Dockets WHERE DocketID = 1\"");
+                 "' \"SELECT Subject, DateFrom, TimeFrom, Custom5, Invoiced FROM Dockets WHERE "
+                 "DocketID = 1\"");
   EXPECT_EQ(r.exitCode, 0);
   ASSERT_NE(r.out.find('\n'), std::string::npos);
   std::string row = r.out.substr(r.out.find('\n') + 1);
@@ -65,8 +66,9 @@ TEST_F(CliTest, SqlPrintsNullAsNothingAndDatesInStoredForm) {
 }
 
 TEST_F(CliTest, SqlTakesJetDateLiterals) {
-  CliRun r = run("sql --db '" + db + "' \"SELECT HolidayType FROM Holidays WHERE HolidayDate = #7/1/" +
-              std::to_string(2000) + "#\"");
+  CliRun r =
+      run("sql --db '" + db + "' \"SELECT HolidayType FROM Holidays WHERE HolidayDate = #7/1/" +
+          std::to_string(2000) + "#\"");
   EXPECT_EQ(r.exitCode, 0);
   EXPECT_EQ(r.out, "HolidayType\n");
 }

@@ -11,8 +11,9 @@ using testing::PracticeDb;
 class ColumnNamesTest : public ::testing::Test {
  protected:
   void SetUp() override {
-    db.exec("INSERT INTO Tasks (TaskID, Subject, Custom1, ScheduleIDNum) VALUES (5, 'Task', 'tc', 9);"
-            "INSERT INTO Schedule (ScheduleID, Custom1, ScheduleName) VALUES (9, 'sc', 'GST');");
+    db.exec(
+        "INSERT INTO Tasks (TaskID, Subject, Custom1, ScheduleIDNum) VALUES (5, 'Task', 'tc', 9);"
+        "INSERT INTO Schedule (ScheduleID, Custom1, ScheduleName) VALUES (9, 'sc', 'GST');");
     svc = db.service();
   }
   std::vector<std::string> names(const std::string& sql) {

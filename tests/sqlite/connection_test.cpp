@@ -1,6 +1,5 @@
 // Which files the service can use: missing, not a database, unreadable, read-only.
 #include <gtest/gtest.h>
-
 #include <unistd.h>
 
 #include <filesystem>

@@ -70,7 +70,8 @@ TEST_F(FindRecordTest, UnknownColumnRaises) {
 }
 
 TEST_F(FindRecordTest, IndexFollowsWritesAndNewRows) {
-  Handle w = svc->openRecordset("SELECT Companies.* FROM Companies", kCursorKeyset, kLockOptimistic);
+  Handle w =
+      svc->openRecordset("SELECT Companies.* FROM Companies", kCursorKeyset, kLockOptimistic);
   ASSERT_TRUE(svc->findRecord(w, "CompanyName", Variant("Northern Pines")));
   svc->setField(w, "CompanyName", "Southern Pines");
   EXPECT_FALSE(svc->findRecord(w, "CompanyName", Variant("Northern Pines")));

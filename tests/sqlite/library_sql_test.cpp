@@ -416,7 +416,8 @@ TEST(LibrarySqlTest, JoinsGiveUniqueColumnNames) {
   // The client lists: every text that joins CompaniesNotes with a `.*` select.
   for (const char* sql : kLibrarySql) {
     std::string s = sql;
-    if (s.find("CompaniesNotes.BusinessNotes") != std::string::npos) cases.emplace_back("client list", s);
+    if (s.find("CompaniesNotes.BusinessNotes") != std::string::npos)
+      cases.emplace_back("client list", s);
   }
   ASSERT_EQ(cases.size(), 15u);
   for (const auto& [what, sql] : cases) {

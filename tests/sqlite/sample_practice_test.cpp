@@ -1,8 +1,9 @@
 // The sample practice: what a user trying the program expects to find in it.
+#include "services/sqlite/sample_practice.h"
+
 #include <gtest/gtest.h>
 
 #include "runtime/clock.h"
-#include "services/sqlite/sample_practice.h"
 #include "support/practice_db.h"
 
 namespace nvwm {
@@ -79,17 +80,18 @@ TEST_F(SamplePracticeTest, HoldsWhatTheIssueAsksFor) {
 
 TEST_F(SamplePracticeTest, EveryClientIsInBothCountriesClientLists) {
   int32_t clients = count("SELECT * FROM ClientData");
-  EXPECT_EQ(count("SELECT ClientData.ClientDataID FROM (((((Companies INNER JOIN ((ClientData INNER "
-                  "JOIN AccountingServices ON ClientData.ClientDataID = "
-                  "AccountingServices.AccountingServiceID) INNER JOIN ClientOptions ON "
-                  "ClientData.ClientDataID = ClientOptions.ClientOptionID) ON Companies.CompanyID = "
-                  "ClientData.CompanyIDNum) INNER JOIN CorpTaxInfo ON ClientData.ClientDataID = "
-                  "CorpTaxInfo.CorpTaxInfoID) INNER JOIN LawInfo ON ClientData.ClientDataID = "
-                  "LawInfo.LawInfoID) INNER JOIN OtherInfo ON ClientData.ClientDataID = "
-                  "OtherInfo.OtherInfoID) INNER JOIN WSIB_EHTInfo ON ClientData.ClientDataID = "
-                  "WSIB_EHTInfo.WSIB_EHTInfoID) INNER JOIN CompaniesNotes ON Companies.CompanyID = "
-                  "CompaniesNotes.CompanyNum;"),
-            clients);
+  EXPECT_EQ(
+      count("SELECT ClientData.ClientDataID FROM (((((Companies INNER JOIN ((ClientData INNER "
+            "JOIN AccountingServices ON ClientData.ClientDataID = "
+            "AccountingServices.AccountingServiceID) INNER JOIN ClientOptions ON "
+            "ClientData.ClientDataID = ClientOptions.ClientOptionID) ON Companies.CompanyID = "
+            "ClientData.CompanyIDNum) INNER JOIN CorpTaxInfo ON ClientData.ClientDataID = "
+            "CorpTaxInfo.CorpTaxInfoID) INNER JOIN LawInfo ON ClientData.ClientDataID = "
+            "LawInfo.LawInfoID) INNER JOIN OtherInfo ON ClientData.ClientDataID = "
+            "OtherInfo.OtherInfoID) INNER JOIN WSIB_EHTInfo ON ClientData.ClientDataID = "
+            "WSIB_EHTInfo.WSIB_EHTInfoID) INNER JOIN CompaniesNotes ON Companies.CompanyID = "
+            "CompaniesNotes.CompanyNum;"),
+      clients);
   EXPECT_EQ(count("SELECT ClientData.ClientDataID FROM ClientData INNER JOIN ClientUSInfo ON "
                   "ClientUSInfo.ClientUSInfoID = ClientData.ClientDataID"),
             clients);
@@ -97,8 +99,8 @@ TEST_F(SamplePracticeTest, EveryClientIsInBothCountriesClientLists) {
 
 TEST_F(SamplePracticeTest, DatesAreOfTheCurrentYear) {
   int year = Today().year();
-  EXPECT_EQ(count("SELECT * FROM Holidays WHERE HolidayDate = #12/25/" + std::to_string(year) + "#"),
-            1);
+  EXPECT_EQ(
+      count("SELECT * FROM Holidays WHERE HolidayDate = #12/25/" + std::to_string(year) + "#"), 1);
   EXPECT_EQ(count("SELECT * FROM Holidays WHERE HolidayDate = #7/1/" + std::to_string(year) + "#"),
             1);
   EXPECT_GE(count("SELECT * FROM Schedule WHERE Year = '" + std::to_string(year) + "'"), 20);

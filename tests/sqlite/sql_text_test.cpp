@@ -1,7 +1,8 @@
 // The Jet SQL the service takes: #date# literals, one statement per call, SQLite's errors.
+#include "services/sqlite/sql_text.h"
+
 #include <gtest/gtest.h>
 
-#include "services/sqlite/sql_text.h"
 #include "support/practice_db.h"
 
 namespace nvwm {

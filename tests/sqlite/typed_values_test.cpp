@@ -37,8 +37,9 @@ TEST(TypedValuesTest, ExpressionsReadByStoredClass) {
   PracticeDb db;
   db.exec("INSERT INTO Companies (CompanyName) VALUES ('A'), ('B');");
   auto svc = db.service();
-  Handle h = svc->openRecordset("SELECT Count(*) AS Total, 'x' AS Letter, 1.5 AS Half FROM Companies",
-                                kCursorKeyset, kLockReadOnly);
+  Handle h =
+      svc->openRecordset("SELECT Count(*) AS Total, 'x' AS Letter, 1.5 AS Half FROM Companies",
+                         kCursorKeyset, kLockReadOnly);
   EXPECT_EQ(svc->getField(h, "Total"), Variant(int32_t{2}));
   EXPECT_EQ(svc->getField(h, "Letter"), Variant("x"));
   EXPECT_EQ(svc->getField(h, "Half"), Variant(1.5));
@@ -46,8 +47,9 @@ TEST(TypedValuesTest, ExpressionsReadByStoredClass) {
 
 TEST(TypedValuesTest, StoredValueThatDoesNotFitItsTypeComesBackAsStored) {
   PracticeDb db;
-  db.exec("INSERT INTO ScheduleTypes (TotalNum, InHouseDueDatePeriod) VALUES (101, 'abc');"
-          "INSERT INTO Reminders (ReminderDate) VALUES ('someday');");
+  db.exec(
+      "INSERT INTO ScheduleTypes (TotalNum, InHouseDueDatePeriod) VALUES (101, 'abc');"
+      "INSERT INTO Reminders (ReminderDate) VALUES ('someday');");
   auto svc = db.service();
   Handle h = svc->openRecordset("SELECT * FROM ScheduleTypes", kCursorKeyset, kLockReadOnly);
   EXPECT_EQ(svc->getField(h, "InHouseDueDatePeriod"), Variant("abc"));
@@ -71,13 +73,13 @@ TEST(TypedValuesTest, SetFieldStoresTheColumnsOneForm) {
       {"Closed", "", "NULL", Variant::null()},
       {"DueDate", "11/23/2026", "2026-11-23 00:00:00", Variant(Date::fromYmd(2026, 11, 23))},
       {"DueDate", "2026-02-28", "2026-02-28 00:00:00", Variant(Date::fromYmd(2026, 2, 28))},
-      {"DueDate", "November 23, 2026", "2026-11-23 00:00:00",
-       Variant(Date::fromYmd(2026, 11, 23))},
+      {"DueDate", "November 23, 2026", "2026-11-23 00:00:00", Variant(Date::fromYmd(2026, 11, 23))},
       {"DueDate", "", "NULL", Variant::null()},
       {"totalNum", "105", "105", Variant(int32_t{105})},
       {"totalNum", "2.5", "2", Variant(int32_t{2})},  // CLng rounds half to even
       {"Amount", "$123.50", "$123.50", Variant("$123.50")},
-      {"ScheduleName", "Année «fiscale» 🦆", "Année «fiscale» 🦆", Variant("Année «fiscale» 🦆")},
+      {"ScheduleName", "Année «fiscale» 🦆", "Année «fiscale» 🦆",
+       Variant("Année «fiscale» 🦆")},
   };
   PracticeDb db;
   db.exec("INSERT INTO Schedule (ScheduleID, ClientNum) VALUES (1, 1);");
@@ -90,7 +92,8 @@ TEST(TypedValuesTest, SetFieldStoresTheColumnsOneForm) {
     EXPECT_EQ(svc->getField(h, c.column), c.read);
     EXPECT_EQ(db.stored(std::string("SELECT ") + c.column + " FROM Schedule"), c.stored);
     svc->closeRecordset(h);
-    Handle again = svc->openRecordset("SELECT Schedule.* FROM Schedule", kCursorKeyset, kLockReadOnly);
+    Handle again =
+        svc->openRecordset("SELECT Schedule.* FROM Schedule", kCursorKeyset, kLockReadOnly);
     EXPECT_EQ(svc->getField(again, c.column), c.read);
     svc->closeRecordset(again);
   }
@@ -125,8 +128,9 @@ TEST(TypedValuesTest, TrueWrittenAsTextIsFoundByEqualsTrue) {
   PracticeDb db;
   db.exec("INSERT INTO ContactLinks (CompanyNum, ContactIDNum, DefaultContact) VALUES (4, 9, 0);");
   auto svc = db.service();
-  Handle h = svc->openRecordset("SELECT ContactLinks.DefaultContact FROM ContactLinks WHERE CompanyNum=4",
-                                kCursorKeyset, kLockOptimistic);
+  Handle h =
+      svc->openRecordset("SELECT ContactLinks.DefaultContact FROM ContactLinks WHERE CompanyNum=4",
+                         kCursorKeyset, kLockOptimistic);
   svc->setField(h, "DefaultContact", "True");
   Handle found = svc->openRecordset(
       "SELECT ContactLinks.* FROM ContactLinks WHERE ContactLinks.DefaultContact = True;",
@@ -139,8 +143,8 @@ TEST(TypedValuesTest, TimeWrittenAsTextComparesEqualToJetTimeLiteral) {
   PracticeDb db;
   db.exec("INSERT INTO Appointments (AppointmentID, UserIDNum) VALUES (1, 1);");
   auto svc = db.service();
-  Handle h = svc->openRecordset("SELECT Appointments.* FROM Appointments", kCursorKeyset,
-                                kLockOptimistic);
+  Handle h =
+      svc->openRecordset("SELECT Appointments.* FROM Appointments", kCursorKeyset, kLockOptimistic);
   svc->setField(h, "TimeFrom", "9:30 am");
   svc->setField(h, "DateFrom", "11/23/2026");
   Handle found = svc->openRecordset(

@@ -2,9 +2,8 @@
 
 #include <sqlite3.h>
 
-#include "services/sqlite/practice_schema.h"
-
 #include "runtime/convert.h"
+#include "services/sqlite/practice_schema.h"
 
 namespace nvwm {
 

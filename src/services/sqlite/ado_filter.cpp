@@ -179,9 +179,12 @@ class Parser {
     std::string op = parseOperator();
     Variant value = parseValue();
     if (value.isNull()) {
-      if (op == "=") node->kind = Node::kIsNull;
-      else if (op == "<>") node->kind = Node::kIsNotNull;
-      else bad(s_, "Null can only be compared with = or <>");
+      if (op == "=")
+        node->kind = Node::kIsNull;
+      else if (op == "<>")
+        node->kind = Node::kIsNotNull;
+      else
+        bad(s_, "Null can only be compared with = or <>");
       return node;
     }
     if (op == "LIKE") {
@@ -202,10 +205,14 @@ class Parser {
 bool evaluate(const AdoFilter::Node& n, const Recordset& rs, size_t r) {
   using Node = AdoFilter::Node;
   switch (n.kind) {
-    case Node::kAnd: return evaluate(*n.left, rs, r) && evaluate(*n.right, rs, r);
-    case Node::kOr: return evaluate(*n.left, rs, r) || evaluate(*n.right, rs, r);
-    case Node::kIsNull: return rs.cell(r, n.column).isNull();
-    case Node::kIsNotNull: return !rs.cell(r, n.column).isNull();
+    case Node::kAnd:
+      return evaluate(*n.left, rs, r) && evaluate(*n.right, rs, r);
+    case Node::kOr:
+      return evaluate(*n.left, rs, r) || evaluate(*n.right, rs, r);
+    case Node::kIsNull:
+      return rs.cell(r, n.column).isNull();
+    case Node::kIsNotNull:
+      return !rs.cell(r, n.column).isNull();
     case Node::kLike: {
       const Variant& v = rs.cell(r, n.column);
       if (v.isNull()) return false;
@@ -280,8 +287,7 @@ bool likeMatch(std::string_view text, std::string_view pattern) {
     if (p < pattern.size() && (pattern[p] == '*' || pattern[p] == '%')) {
       starP = p++;
       starT = t;
-    } else if (p < pattern.size() &&
-               lower(pattern[p]) == lower(text[t])) {
+    } else if (p < pattern.size() && lower(pattern[p]) == lower(text[t])) {
       ++p;
       ++t;
     } else if (starP != std::string_view::npos) {

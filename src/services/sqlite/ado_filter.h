@@ -12,8 +12,8 @@
 //   value   := 'text' ('' is a quote) | #date# | [-]$number[e exponent] | True | False | Null
 // AND binds tighter than OR (ADO gives them no precedence but refuses the forms where it would
 // matter). LIKE patterns take * or % for any run of characters (anywhere), compared without
-// regard to case; other characters stand for themselves. `= Null` and `<> Null` test for Null; any other comparison with a
-// Null is false.
+// regard to case; other characters stand for themselves. `= Null` and `<> Null` test for Null; any
+// other comparison with a Null is false.
 //
 // Malformed input: an unknown field, an unclosed quote, bracket or parenthesis, a missing
 // operator or value, or text after the end raises RuntimeError 3001 naming the fault.

@@ -26,7 +26,8 @@ std::optional<ValueKey> keyOf(const Variant& v) {
     case VarType::kEmpty:
     case VarType::kNull:
     case VarType::kError:
-    case VarType::kObject: return std::nullopt;
+    case VarType::kObject:
+      return std::nullopt;
     case VarType::kString:
       k.tag = ValueKey::kText;
       k.text = foldAscii(v.stringValue());
@@ -66,7 +67,8 @@ Variant coerceToKind(const Variant& v, ColumnKind kind) {
       }
       if (v.isDate()) return Variant(v.dateValue().serial());
       return v;
-    case ColumnKind::kAny: return v;
+    case ColumnKind::kAny:
+      return v;
   }
   return v;
 }

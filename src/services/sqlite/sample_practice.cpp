@@ -48,18 +48,18 @@ std::string holidaysSql(int y) {
     Date date;
     int type;
   } days[] = {
-      {Date::fromYmd(y, 1, 1), 1},                     // New Year's Day
-      {nthWeekday(y, 2, kMonday, 3), 1},               // Family Day
-      {easterSunday(y).addDays(-2), 1},                // Good Friday
-      {easterSunday(y).addDays(1), 2},                 // Easter Monday
-      {may25.addDays(-(back == 0 ? 7 : back)), 1},     // Victoria Day
-      {Date::fromYmd(y, 7, 1), 1},                     // Canada Day
-      {nthWeekday(y, 8, kMonday, 1), 2},               // Civic Holiday
-      {nthWeekday(y, 9, kMonday, 1), 1},               // Labour Day
-      {nthWeekday(y, 10, kMonday, 2), 1},              // Thanksgiving
-      {Date::fromYmd(y, 11, 11), 2},                   // Remembrance Day
-      {Date::fromYmd(y, 12, 25), 1},                   // Christmas Day
-      {Date::fromYmd(y, 12, 26), 1},                   // Boxing Day
+      {Date::fromYmd(y, 1, 1), 1},                  // New Year's Day
+      {nthWeekday(y, 2, kMonday, 3), 1},            // Family Day
+      {easterSunday(y).addDays(-2), 1},             // Good Friday
+      {easterSunday(y).addDays(1), 2},              // Easter Monday
+      {may25.addDays(-(back == 0 ? 7 : back)), 1},  // Victoria Day
+      {Date::fromYmd(y, 7, 1), 1},                  // Canada Day
+      {nthWeekday(y, 8, kMonday, 1), 2},            // Civic Holiday
+      {nthWeekday(y, 9, kMonday, 1), 1},            // Labour Day
+      {nthWeekday(y, 10, kMonday, 2), 1},           // Thanksgiving
+      {Date::fromYmd(y, 11, 11), 2},                // Remembrance Day
+      {Date::fromYmd(y, 12, 25), 1},                // Christmas Day
+      {Date::fromYmd(y, 12, 26), 1},                // Boxing Day
   };
   std::string sql = "INSERT INTO Holidays (HolidayDate, HolidayType) VALUES ";
   bool first = true;

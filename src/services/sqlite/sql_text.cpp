@@ -66,8 +66,7 @@ std::string translateJetSql(std::string_view sql) {
       std::string_view inner = sql.substr(i + 1, close - i - 1);
       auto date = parseJetDateLiteral(inner);
       if (!date)
-        raise(ErrorNumber::kDatabaseError,
-              "#" + std::string(inner) + "# is not a date literal");
+        raise(ErrorNumber::kDatabaseError, "#" + std::string(inner) + "# is not a date literal");
       out += '\'';
       out += dateToStoredText(*date);
       out += '\'';

@@ -209,8 +209,7 @@ Recordset& SqliteDatabase::recordset(Handle h) {
 
 Recordset& SqliteDatabase::writableRecordset(Handle h, const char* operation) {
   Recordset& rs = recordset(h);
-  if (rs.read_only)
-    fail(std::string(operation) + ": the recordset is read-only (lock type 1)");
+  if (rs.read_only) fail(std::string(operation) + ": the recordset is read-only (lock type 1)");
   return rs;
 }
 
@@ -314,8 +313,10 @@ Handle SqliteDatabase::openRecordset(const std::string& sql, int32_t /*cursorTyp
       }
     }
     for (int& source : rowidSource) {
-      if (source >= 0) source += hidden;
-      else if (source <= -2) source = -2 - source;
+      if (source >= 0)
+        source += hidden;
+      else if (source <= -2)
+        source = -2 - source;
     }
   }
 
@@ -522,8 +523,8 @@ void SqliteDatabase::setNewField(Handle h, const std::string& fieldName, const V
     return;
   }
   if (col.table_index < 0) fail("setNewField: the column \"" + fieldName + "\" can't be written");
-  if (rs.pending->key && sqlite::foldAscii(col.origin) ==
-                             sqlite::foldAscii(rs.pending->values.front().first))
+  if (rs.pending->key &&
+      sqlite::foldAscii(col.origin) == sqlite::foldAscii(rs.pending->values.front().first))
     fail("setNewField: the AutoNumber column \"" + fieldName + "\" can't be written");
   setPending(rs, c, sqlite::toStored(col.kind, value));
 }

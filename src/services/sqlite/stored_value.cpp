@@ -36,25 +36,37 @@ std::string_view trim(std::string_view s) {
 [[noreturn]] void cannotStore(ColumnKind kind, std::string_view text) {
   const char* what = "a value";
   switch (kind) {
-    case ColumnKind::kBoolean: what = "a yes/no value"; break;
-    case ColumnKind::kDate: what = "a date"; break;
+    case ColumnKind::kBoolean:
+      what = "a yes/no value";
+      break;
+    case ColumnKind::kDate:
+      what = "a date";
+      break;
     case ColumnKind::kInteger:
     case ColumnKind::kLong:
     case ColumnKind::kSingle:
     case ColumnKind::kDouble:
-    case ColumnKind::kCurrency: what = "a number"; break;
-    default: break;
+    case ColumnKind::kCurrency:
+      what = "a number";
+      break;
+    default:
+      break;
   }
   raise(ErrorNumber::kTypeMismatch, "\"" + std::string(text) + "\" is not " + what);
 }
 
 StoredValue numberToStored(ColumnKind kind, double n) {
   switch (kind) {
-    case ColumnKind::kInteger: return static_cast<int64_t>(CInt(Variant(n)));
-    case ColumnKind::kLong: return static_cast<int64_t>(CLng(Variant(n)));
-    case ColumnKind::kCurrency: return CCur(Variant(n)).toDouble();
-    case ColumnKind::kSingle: return static_cast<double>(static_cast<float>(n));
-    default: return n;
+    case ColumnKind::kInteger:
+      return static_cast<int64_t>(CInt(Variant(n)));
+    case ColumnKind::kLong:
+      return static_cast<int64_t>(CLng(Variant(n)));
+    case ColumnKind::kCurrency:
+      return CCur(Variant(n)).toDouble();
+    case ColumnKind::kSingle:
+      return static_cast<double>(static_cast<float>(n));
+    default:
+      return n;
   }
 }
 
@@ -77,8 +89,7 @@ ColumnKind kindFromDeclaredType(const char* declared) {
   if (t == "SMALLINT" || t == "SHORT" || t == "TINYINT") return ColumnKind::kInteger;
   if (t.find("INT") != std::string::npos) return ColumnKind::kLong;
   if (t == "FLOAT" || t == "SINGLE" || t == "REAL4") return ColumnKind::kSingle;
-  if (t == "REAL" || t == "DOUBLE" || t == "DOUBLE PRECISION" || t == "NUMERIC" ||
-      t == "DECIMAL")
+  if (t == "REAL" || t == "DOUBLE" || t == "DOUBLE PRECISION" || t == "NUMERIC" || t == "DECIMAL")
     return ColumnKind::kDouble;
   if (t == "CURRENCY" || t == "MONEY") return ColumnKind::kCurrency;
   if (t.find("CHAR") != std::string::npos || t.find("TEXT") != std::string::npos ||
@@ -120,8 +131,10 @@ StoredValue textToStored(ColumnKind kind, std::string_view text) {
 StoredValue toStored(ColumnKind kind, const Variant& value) {
   switch (value.type()) {
     case VarType::kEmpty:
-    case VarType::kNull: return std::monostate{};
-    case VarType::kString: return textToStored(kind, value.stringValue());
+    case VarType::kNull:
+      return std::monostate{};
+    case VarType::kString:
+      return textToStored(kind, value.stringValue());
     case VarType::kBoolean:
       if (kind == ColumnKind::kBoolean) return int64_t{value.boolValue() ? 1 : 0};
       if (kind == ColumnKind::kString) return std::string(value.boolValue() ? "True" : "False");
@@ -134,26 +147,33 @@ StoredValue toStored(ColumnKind kind, const Variant& value) {
       if (kind == ColumnKind::kBoolean) return int64_t{value.dateValue().serial() != 0.0};
       return numberToStored(kind, value.dateValue().serial());
     case VarType::kObject:
-    case VarType::kError: raise(ErrorNumber::kTypeMismatch, "not a value a column can hold");
-    default: break;  // numbers
+    case VarType::kError:
+      raise(ErrorNumber::kTypeMismatch, "not a value a column can hold");
+    default:
+      break;  // numbers
   }
   double n = CDbl(value);
   switch (kind) {
-    case ColumnKind::kBoolean: return int64_t{n != 0.0 ? 1 : 0};
-    case ColumnKind::kDate: return dateToStoredText(CDate(value));
-    case ColumnKind::kString: return CStr(value);
+    case ColumnKind::kBoolean:
+      return int64_t{n != 0.0 ? 1 : 0};
+    case ColumnKind::kDate:
+      return dateToStoredText(CDate(value));
+    case ColumnKind::kString:
+      return CStr(value);
     case ColumnKind::kAny:
       return value.type() == VarType::kInteger || value.type() == VarType::kLong
                  ? StoredValue(int64_t{CLng(value)})
                  : StoredValue(n);
-    default: return numberToStored(kind, n);
+    default:
+      return numberToStored(kind, n);
   }
 }
 
 int bindStored(sqlite3_stmt* stmt, int i, const StoredValue& value) {
   if (std::holds_alternative<int64_t>(value))
     return sqlite3_bind_int64(stmt, i, std::get<int64_t>(value));
-  if (std::holds_alternative<double>(value)) return sqlite3_bind_double(stmt, i, std::get<double>(value));
+  if (std::holds_alternative<double>(value))
+    return sqlite3_bind_double(stmt, i, std::get<double>(value));
   if (std::holds_alternative<std::string>(value)) {
     const std::string& s = std::get<std::string>(value);
     return sqlite3_bind_text(stmt, i, s.data(), static_cast<int>(s.size()), SQLITE_TRANSIENT);
@@ -212,28 +232,38 @@ Variant storedToVariant(ColumnKind kind, const StoredValue& value) {
   bool isInt = std::holds_alternative<int64_t>(value);
   double n = isInt ? static_cast<double>(std::get<int64_t>(value)) : std::get<double>(value);
   switch (kind) {
-    case ColumnKind::kString: return Variant(CStr(isInt ? asLong(std::get<int64_t>(value)) : Variant(n)));
-    case ColumnKind::kBoolean: return Variant(n != 0.0);
-    case ColumnKind::kDate: return Variant(Date(n));
+    case ColumnKind::kString:
+      return Variant(CStr(isInt ? asLong(std::get<int64_t>(value)) : Variant(n)));
+    case ColumnKind::kBoolean:
+      return Variant(n != 0.0);
+    case ColumnKind::kDate:
+      return Variant(Date(n));
     case ColumnKind::kInteger:
       if (isInt && n >= INT16_MIN && n <= INT16_MAX) return Variant(static_cast<int16_t>(n));
       break;
     case ColumnKind::kLong:
       if (isInt) return asLong(std::get<int64_t>(value));
       break;
-    case ColumnKind::kSingle: return Variant(static_cast<float>(n));
-    case ColumnKind::kDouble: return Variant(n);
-    case ColumnKind::kCurrency: return Variant(CCur(Variant(n)));
-    case ColumnKind::kAny: break;
+    case ColumnKind::kSingle:
+      return Variant(static_cast<float>(n));
+    case ColumnKind::kDouble:
+      return Variant(n);
+    case ColumnKind::kCurrency:
+      return Variant(CCur(Variant(n)));
+    case ColumnKind::kAny:
+      break;
   }
   return isInt ? asLong(std::get<int64_t>(value)) : Variant(n);
 }
 
 StoredValue readStored(sqlite3_stmt* stmt, int i) {
   switch (sqlite3_column_type(stmt, i)) {
-    case SQLITE_NULL: return std::monostate{};
-    case SQLITE_INTEGER: return static_cast<int64_t>(sqlite3_column_int64(stmt, i));
-    case SQLITE_FLOAT: return sqlite3_column_double(stmt, i);
+    case SQLITE_NULL:
+      return std::monostate{};
+    case SQLITE_INTEGER:
+      return static_cast<int64_t>(sqlite3_column_int64(stmt, i));
+    case SQLITE_FLOAT:
+      return sqlite3_column_double(stmt, i);
     default: {
       const unsigned char* t = sqlite3_column_text(stmt, i);
       return std::string(reinterpret_cast<const char*>(t), sqlite3_column_bytes(stmt, i));

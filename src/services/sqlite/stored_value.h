@@ -23,7 +23,17 @@ namespace nvwm::sqlite {
 
 // What a column holds, from its declared type. kAny: an expression or an undeclared column,
 // read by SQLite's storage class.
-enum class ColumnKind { kAny, kBoolean, kInteger, kLong, kSingle, kDouble, kCurrency, kDate, kString };
+enum class ColumnKind {
+  kAny,
+  kBoolean,
+  kInteger,
+  kLong,
+  kSingle,
+  kDouble,
+  kCurrency,
+  kDate,
+  kString
+};
 
 // The kind of a declared type ("TEXT(50)", "BOOLEAN", "DATE", "INTEGER", ...); nullptr or ""
 // gives kAny.
