@@ -1,5 +1,6 @@
 #include "services/sqlite/ado_filter.h"
 
+#include <algorithm>
 #include <cctype>
 #include <cmath>
 #include <vector>
@@ -232,6 +233,17 @@ bool evaluate(const AdoFilter::Node& n, const Recordset& rs, size_t r) {
   return false;
 }
 
+// As the database's NOCASE: ASCII letters folded, every other byte as it is.
+int compareNoCase(std::string_view a, std::string_view b) {
+  size_t n = std::min(a.size(), b.size());
+  for (size_t i = 0; i < n; ++i) {
+    int ca = std::tolower(static_cast<unsigned char>(a[i]));
+    int cb = std::tolower(static_cast<unsigned char>(b[i]));
+    if (ca != cb) return ca < cb ? -1 : 1;
+  }
+  return a.size() == b.size() ? 0 : (a.size() < b.size() ? -1 : 1);
+}
+
 int sign(double d) { return d < 0 ? -1 : (d > 0 ? 1 : 0); }
 
 std::optional<double> numberOf(const Variant& v) {
@@ -260,8 +272,7 @@ bool AdoFilter::matches(const Recordset& rs, size_t r) const { return evaluate(*
 std::optional<int> compareValues(const Variant& a, const Variant& b) {
   if (a.isNull() || b.isNull() || a.isEmpty() || b.isEmpty()) return std::nullopt;
   if (a.isString() && b.isString()) {
-    int c = foldAscii(a.stringValue()).compare(foldAscii(b.stringValue()));
-    return c < 0 ? -1 : (c > 0 ? 1 : 0);
+    return compareNoCase(a.stringValue(), b.stringValue());
   }
   if (a.isDate() || b.isDate()) {
     auto da = TryCDate(a);
@@ -273,8 +284,7 @@ std::optional<int> compareValues(const Variant& a, const Variant& b) {
   auto na = numberOf(a);
   auto nb = numberOf(b);
   if (na && nb) return sign(*na - *nb);
-  int c = foldAscii(CStr(a)).compare(foldAscii(CStr(b)));
-  return c < 0 ? -1 : (c > 0 ? 1 : 0);
+  return compareNoCase(CStr(a), CStr(b));
 }
 
 bool likeMatch(std::string_view text, std::string_view pattern) {
