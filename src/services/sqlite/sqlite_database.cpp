@@ -337,6 +337,7 @@ bool SqliteDatabase::isRecordsetOpen(Handle h) { return open_.count(h) != 0; }
 
 int32_t SqliteDatabase::getRecordCount(Handle h) {
   Recordset& rs = recordset(h);
+  rs.pending.reset();
   rs.cursor = 0;
   return static_cast<int32_t>(rs.row_count);
 }
