@@ -13,5 +13,7 @@ void setExitCode(int code);
 
 // One function per command file.
 void registerSelfCheck(CLI::App& app);
+void registerSampleDb(CLI::App& app);
+void registerSql(CLI::App& app);
 
 }  // namespace nvwm::cli
