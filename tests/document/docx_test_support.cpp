@@ -162,7 +162,9 @@ std::string para(const std::string& runs, const std::string& pPr) {
 }
 
 std::string simpleField(const std::string& instr, const std::string& shown, const std::string& rPr) {
-  return "<w:fldSimple w:instr=\"" + instr + "\">" + run(shown, rPr) + "</w:fldSimple>";
+  std::string escaped;
+  for (char c : instr) escaped += c == '"' ? std::string("&quot;") : std::string(1, c);
+  return "<w:fldSimple w:instr=\"" + escaped + "\">" + run(shown, rPr) + "</w:fldSimple>";
 }
 
 std::string complexField(const std::vector<std::string>& pieces, const std::string& shown,

@@ -198,6 +198,8 @@ void FieldMarkup::markComplexFields(pugi::xml_node root) {
         done.push_back(std::move(open.back()));
         open.pop_back();
       }
+    } else if (named(n, "w:fldSimple") && !open.empty() && !open.back().inResult) {
+      simpleInInstruction_.insert(n.internal_object());
     } else if (named(n, "w:instrText") && !open.empty() && !open.back().inResult) {
       Frame& f = open.back();
       f.instruction += n.child_value();
@@ -238,6 +240,7 @@ void FieldMarkup::markSimpleFields(pugi::xml_node root) {
     auto code = parseMergeField(n.attribute("w:instr").value());
     if (!code) continue;
     FieldSlot slot;
+    slot.inInstruction = simpleInInstruction_.count(n.internal_object()) > 0;
     slot.runProperties = runPropertiesOf(n.find_node([](pugi::xml_node c) { return named(c, "w:r"); }));
     slot.code = std::move(*code);
     addSlot(std::move(slot), n);

@@ -10,6 +10,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_set>
 #include <vector>
 
 #include "services/document/data_source.h"
@@ -65,6 +66,8 @@ class FieldMarkup {
 
   std::vector<FieldSlot> slots_;
   std::vector<SlotGroup> groups_;
+  // Simple fields found inside a complex field's instruction (their value is instruction text).
+  std::unordered_set<const void*> simpleInInstruction_;
 };
 
 // Splits serialized XML at the markers.
