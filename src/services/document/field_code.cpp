@@ -373,15 +373,12 @@ std::string formatWordNumber(double value, std::string_view picture) {
     std::string filled;
     int pi = static_cast<int>(placeholders.size()) - 1;
     int di = static_cast<int>(intDigits.size()) - 1;
-    std::string padding;
     for (; pi >= 0 && di >= 0; --pi, --di) filled.insert(filled.begin(), intDigits[di]);
     if (di >= 0) filled.insert(0, intDigits.substr(0, di + 1));  // more digits than places
     for (; pi >= 0; --pi) {
       if (placeholders[pi] == '0') filled.insert(filled.begin(), '0');
-      else if (placeholders[pi] == '#') padding += ' ';
     }
     integerPart = grouping ? groupDigits(filled, rs.thousandsSeparator) : filled;
-    integerPart = padding + integerPart;
   }
   std::string decimalPart;
   if (point != std::string::npos) {

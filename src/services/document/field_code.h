@@ -47,7 +47,8 @@ std::string plainValueText(const Variant& value);
 // 'quoted text'; any other character stands for itself. Names from the regional settings.
 std::string formatWordDate(Date date, std::string_view picture);
 
-// Word's numeric picture: 0 (digit or 0), # (digit or a blank), x (drops digits on its left),
+// Word's numeric picture: 0 (digit or 0), # (digit or nothing: current Word shows "$15" for
+// 15 in "$###", not the "$ 15" of old manuals), x (drops digits on its left),
 // . and , (decimal point, grouping), - and + (sign), "positive;negative;zero" sections,
 // 'quoted text'; any other character stands for itself.
 std::string formatWordNumber(double value, std::string_view picture);

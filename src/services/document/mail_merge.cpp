@@ -169,6 +169,27 @@ std::string relId(size_t row, size_t k) {
   return "rIdMerge" + std::to_string(row + 1) + "h" + std::to_string(k + 1);
 }
 
+// A document without settings (some producers write none) gets an empty settings part.
+std::string addSettingsPart(Package& package) {
+  std::string part = Package::resolveTarget(package.mainPart(), "settings.xml");
+  package.setBytes(part,
+                   "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\n"
+                   "<w:settings xmlns:w=\"http://schemas.openxmlformats.org/wordprocessingml/2006/main\" "
+                   "xmlns:r=\"http://schemas.openxmlformats.org/officeDocument/2006/relationships\"/>");
+  package.setContentTypeOverride(part, kTypeSettings);
+  std::string relsName = Package::relsPartOf(package.mainPart());
+  if (!package.has(relsName)) {
+    package.setBytes(relsName,
+                     "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\n"
+                     "<Relationships xmlns=\"http://schemas.openxmlformats.org/package/2006/relationships\"/>");
+  }
+  pugi::xml_node rel = package.xml(relsName).document_element().append_child("Relationship");
+  rel.append_attribute("Id").set_value("rIdSettings");
+  rel.append_attribute("Type").set_value(std::string(kRelSettings).c_str());
+  rel.append_attribute("Target").set_value("settings.xml");
+  return part;
+}
+
 }  // namespace
 
 std::string settingsPart(Package& package) {
@@ -214,7 +235,7 @@ std::optional<MailMergeLink> readMailMergeLink(Package& package) {
 
 void writeMailMergeLink(Package& package, const MailMergeLink& link) {
   std::string part = settingsPart(package);
-  if (part.empty()) raise(ErrorNumber::kDocumentError, "the document has no settings part");
+  if (part.empty() || !package.has(part)) part = addSettingsPart(package);
   pugi::xml_node settings = package.xml(part).document_element();
   if (!settings.attribute("xmlns:r")) {
     settings.append_attribute("xmlns:r").set_value(
