@@ -101,7 +101,7 @@ struct ApplicationState {
 
 class EngineDocument : public word::Document, public std::enable_shared_from_this<EngineDocument> {
  public:
-  EngineDocument(std::weak_ptr<ApplicationState> app, std::unique_ptr<Package> package,
+  EngineDocument(std::shared_ptr<ApplicationState> app, std::unique_ptr<Package> package,
                  std::string name, std::string path)
       : app_(std::move(app)), package_(std::move(package)), name_(std::move(name)),
         path_(std::move(path)) {}
@@ -121,12 +121,12 @@ class EngineDocument : public word::Document, public std::enable_shared_from_thi
     }
     closed_ = true;
     package_.reset();
-    if (auto app = app_.lock()) app->forget(this);
+    if (auto app = app_) app->forget(this);
   }
 
   void Activate() override {
     live();
-    if (auto app = app_.lock()) app->active = shared_from_this();
+    if (auto app = app_) app->active = shared_from_this();
   }
 
   void PrintOut(const Variant&, const Variant&, const Variant&, const Variant&, const Variant&,
@@ -134,7 +134,7 @@ class EngineDocument : public word::Document, public std::enable_shared_from_thi
                 const Variant&, const Variant&, const Variant&, const Variant&, const Variant&,
                 const Variant&, const Variant&, const Variant&, const Variant&) override {
     live();
-    auto app = app_.lock();
+    auto app = app_;
     std::vector<std::string> command = app ? app->options.printCommand : std::vector<std::string>{};
     if (command.empty()) {
       auto lp = onPath("lp");
@@ -182,7 +182,7 @@ class EngineDocument : public word::Document, public std::enable_shared_from_thi
     } else if (!path_.empty()) {
       target = path_;
     } else {
-      auto app = app_.lock();
+      auto app = app_;
       std::string folder = app && !app->options.outputFolder.empty() ? app->options.outputFolder
                                                                       : defaultOutputFolder();
       target = (fs::path(folder) / (name_ + ".docx")).string();
@@ -217,7 +217,7 @@ class EngineDocument : public word::Document, public std::enable_shared_from_thi
                 "This method or property is not available because the document is not a mail "
                 "merge main document with a data source");
     }
-    auto app = app_.lock();
+    auto app = app_;
     if (!app) raiseWith(kServerUnavailable, "The word processor has quit");
     std::unique_ptr<Package> merged = mergeDocument(*package_, *data_);
     auto doc = std::make_shared<EngineDocument>(
@@ -291,10 +291,12 @@ class EngineDocument : public word::Document, public std::enable_shared_from_thi
       raiseWith(kObjectDeleted, "Object has been deleted: the document \"" + name_ +
                                     "\" is closed");
     }
-    if (auto app = app_.lock()) app->checkRunning();
+    if (auto app = app_) app->checkRunning();
   }
 
-  std::weak_ptr<ApplicationState> app_;
+  // Shared, as a reference to Word keeps Word alive; the application breaks the cycle through
+  // its document list when it ends.
+  std::shared_ptr<ApplicationState> app_;
   std::unique_ptr<Package> package_;
   std::string name_;
   std::string path_;
@@ -422,7 +424,8 @@ class EngineApplication : public word::Application {
     state_->options = options;
   }
   ~EngineApplication() override {
-    // Documents hold only a weak reference back; closing them is the owner's business.
+    // Documents share the state: dropping the list breaks the cycle. Documents the host still
+    // holds stay usable.
     state_->documents.clear();
   }
 
