@@ -406,7 +406,7 @@ std::unique_ptr<Package> mergeDocument(Package& main, const MergeData& data) {
 
   // The rows.
   std::string result;
-  result.reserve(prefix.size() + suffix.size() + (content.size() + 512) * std::max<size_t>(rows, 1));
+  result.reserve(prefix.size() + suffix.size() + content.size() + 4096);
   result += prefix;
   RecordValues values, noteValues, headerValues;
   size_t row = 0;
@@ -434,6 +434,12 @@ std::unique_ptr<Package> mergeDocument(Package& main, const MergeData& data) {
       result += "</w:pPr></w:p>";
     } else {
       renderXml(result, sectXml, values, markup.groups(), resolve);
+    }
+    if (row == 0 && rows > 1) {
+      // The first copy tells the size of the others: one allocation instead of a doubling
+      // series that would copy the output again and again.
+      size_t perRow = result.size() - prefix.size();
+      result.reserve(result.size() + suffix.size() + perRow * (rows - 1) * 11 / 10);
     }
     for (size_t k = 0; k < headers.size(); ++k) {
       const HeaderTemplate& h = headers[k];
