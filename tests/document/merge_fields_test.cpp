@@ -107,6 +107,8 @@ TEST_F(MergeFieldsTest, ASimpleFieldInsideAComplexOneGoesWithIt) {
   EXPECT_EQ(mergedBody(body, oneRow_), "Ann!\n");
 }
 
+// This was a w:t run inside the IF's instruction: a merge field in another field's instruction
+// must give instruction text, or the outer field loses its operand.
 TEST_F(MergeFieldsTest, MergeFieldsInsideAnotherFieldAreMergedAndTheFieldStays) {
   std::string body = para(
       "<w:r><w:fldChar w:fldCharType=\"begin\"/></w:r>"
@@ -218,6 +220,72 @@ TEST_F(MergeFieldsTest, HeadersWithFieldsAreCopiedPerRecordAndOthersShared) {
   EXPECT_EQ(footerIds, "rId12 rId12 ");
   // The headers of the main document are gone with their relationships.
   EXPECT_EQ(countXPath(*rels, "//Relationship[@Id='rId10' or @Id='rId11']"), 0u);
+}
+
+TEST_F(MergeFieldsTest, EvenPageHeadersAndFootersAreFilledToo) {
+  MergeData data({"FirstName"}, {{Variant("Ann")}});
+  DocxSpec spec;
+  spec.body = para(run("Body"));
+  spec.headers["even"] = para(simpleField(" MERGEFIELD FirstName \\* Upper "));
+  spec.footers["even"] = para(run("By ") + simpleField(" MERGEFIELD FirstName "));
+  auto merged = merge(spec, data);
+  auto doc = part(*merged, "word/document.xml");
+  auto rels = part(*merged, "word/_rels/document.xml.rels");
+  std::string header = xpathText(*rels, "//Relationship[@Id='" +
+                                            xpathText(*doc, "//w:headerReference[@w:type='even']/@r:id") + "']/@Target");
+  std::string footer = xpathText(*rels, "//Relationship[@Id='" +
+                                            xpathText(*doc, "//w:footerReference[@w:type='even']/@r:id") + "']/@Target");
+  EXPECT_EQ(dumpParagraphs(part(*merged, "word/" + header)->document_element()), "ANN\n");
+  EXPECT_EQ(dumpParagraphs(part(*merged, "word/" + footer)->document_element()), "By Ann\n");
+}
+
+TEST_F(MergeFieldsTest, DrawingAndBookmarkIdsStayUniqueAcrossCopies) {
+  MergeData data({"FirstName"}, {{Variant("Ann")}, {Variant("Bob")}});
+  DocxSpec spec;
+  spec.body = para("<w:bookmarkStart w:id=\"0\" w:name=\"Top\"/>" + run("x") +
+                   "<w:bookmarkEnd w:id=\"0\"/><w:r><w:drawing><wp:inline><wp:docPr id=\"1\" "
+                   "name=\"Picture 1\"/></wp:inline></w:drawing></w:r>");
+  auto merged = merge(spec, data);
+  auto doc = part(*merged, "word/document.xml");
+  auto ids = [&](const char* xpath) {
+    std::string out;
+    for (auto n : doc->select_nodes(xpath)) out += n.attribute().value() + std::string(" ");
+    return out;
+  };
+  EXPECT_EQ(ids("//wp:docPr/@id"), "1 3 ");
+  EXPECT_EQ(ids("//w:bookmarkStart/@w:id"), "0 1 ");
+  EXPECT_EQ(ids("//w:bookmarkEnd/@w:id"), "0 1 ");
+}
+
+TEST_F(MergeFieldsTest, TheMergedDocumentHoldsNoMailMergeSettingsOrRecipientData) {
+  std::string path = dir_.file("main.docx");
+  DocxSpec spec;
+  spec.body = para(simpleField(" MERGEFIELD FirstName "));
+  spec.settingsExtra =
+      "<w:mailMerge><w:mainDocumentType w:val=\"formLetters\"/><w:dataType w:val=\"native\"/>"
+      "<w:dataSource r:id=\"rIdSource\"/></w:mailMerge>";
+  writeDocx(spec, path);
+  auto main = document::Package::load(path);
+  main->setBytes("word/_rels/settings.xml.rels",
+                 "<Relationships xmlns=\"http://schemas.openxmlformats.org/package/2006/relationships\">"
+                 "<Relationship Id=\"rIdSource\" Type=\"" + std::string(document::kRelMailMergeSource) +
+                 "\" Target=\"file:///tmp/source.db\" TargetMode=\"External\"/></Relationships>");
+  main->setBytes("word/recipientData.xml", "<w:recipients xmlns:w=\"" + std::string(kW) + "\"/>");
+  main->setContentTypeOverride("word/recipientData.xml",
+                               "application/vnd.openxmlformats-officedocument.wordprocessingml.recipientData+xml");
+  std::string rels = main->bytes("word/_rels/document.xml.rels");
+  rels.insert(rels.rfind("</Relationships>"),
+              "<Relationship Id=\"rIdRecipients\" Type=\"" + std::string(document::kRelRecipientData) +
+                  "\" Target=\"recipientData.xml\"/>");
+  main->setBytes("word/_rels/document.xml.rels", rels);
+  auto merged = document::mergeDocument(*main, oneRow_);
+  EXPECT_EQ(countXPath(*part(*merged, "word/settings.xml"), "//w:mailMerge"), 0u);
+  EXPECT_FALSE(merged->has("word/recipientData.xml"));
+  EXPECT_EQ(merged->bytes("word/_rels/settings.xml.rels").find("mailMergeSource"), std::string::npos);
+  EXPECT_EQ(merged->bytes("word/_rels/document.xml.rels").find("recipientData"), std::string::npos);
+  EXPECT_EQ(merged->bytes("[Content_Types].xml").find("recipientData"), std::string::npos);
+  // The main document itself is not changed by a merge.
+  EXPECT_TRUE(main->has("word/recipientData.xml"));
 }
 
 TEST_F(MergeFieldsTest, FootnotesAreCopiedPerRecordWithTheirFields) {

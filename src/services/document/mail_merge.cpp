@@ -14,6 +14,7 @@
 // Footnotes and endnotes get new ids per row (a note can't be referenced twice).
 #include "services/document/mail_merge.h"
 
+#include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <unordered_map>
@@ -164,6 +165,28 @@ struct NotesTemplate {
     return std::to_string(base + static_cast<long>(row) * count + it->second);
   }
 };
+
+// The largest drawing and bookmark ids of a tree, plus one.
+struct IdSpan : pugi::xml_tree_walker {
+  IdSpan(long& drawing, long& bookmark) : drawing_(drawing), bookmark_(bookmark) {}
+  bool for_each(pugi::xml_node& n) override {
+    if (named(n, "wp:docPr")) {
+      drawing_ = std::max(drawing_, static_cast<long>(n.attribute("id").as_llong()) + 1);
+    } else if (named(n, "w:bookmarkStart")) {
+      bookmark_ = std::max(bookmark_, static_cast<long>(n.attribute("w:id").as_llong()) + 1);
+    }
+    return true;
+  }
+  long& drawing_;
+  long& bookmark_;
+};
+
+std::string shifted(const std::string& id, size_t row, long stride) {
+  char* end = nullptr;
+  long value = std::strtol(id.c_str(), &end, 10);
+  if (id.empty() || *end != '\0') return id;
+  return std::to_string(value + static_cast<long>(row) * stride);
+}
 
 std::string relId(size_t row, size_t k) {
   return "rIdMerge" + std::to_string(row + 1) + "h" + std::to_string(k + 1);
@@ -353,6 +376,10 @@ std::unique_ptr<Package> mergeDocument(Package& main, const MergeData& data) {
   });
   prepareSection(finalSect, !firstSect);
   if (firstSect) prepareSection(firstSect, true);
+  // Each copy's drawing and bookmark ids move past the previous copy's.
+  long drawingStride = 1, bookmarkStride = 1;
+  IdSpan span(drawingStride, bookmarkStride);
+  doc.traverse(span);
   FieldMarkup::markReferences(doc);
   CompiledXml sectXml = compileXml(serialize(finalSect));
   body.remove_child(finalSect);
@@ -418,6 +445,8 @@ std::unique_ptr<Package> mergeDocument(Package& main, const MergeData& data) {
       }
       case RefKind::kFootnote: return haveFootnotes ? footnotes.idFor(original, row) : original;
       case RefKind::kEndnote: return haveEndnotes ? endnotes.idFor(original, row) : original;
+      case RefKind::kDrawing: return shifted(original, row, drawingStride);
+      case RefKind::kBookmark: return shifted(original, row, bookmarkStride);
     }
     return original;
   };

@@ -290,6 +290,8 @@ void FieldMarkup::markReferences(pugi::xml_node root) {
     if (named(n, "w:headerReference") || named(n, "w:footerReference")) mark("r:id", "rel");
     else if (named(n, "w:footnoteReference")) mark("w:id", "fn");
     else if (named(n, "w:endnoteReference")) mark("w:id", "en");
+    else if (named(n, "wp:docPr")) mark("id", "dp");
+    else if (named(n, "w:bookmarkStart") || named(n, "w:bookmarkEnd")) mark("w:id", "bm");
   });
 }
 
@@ -346,8 +348,11 @@ CompiledXml compileXml(std::string_view xml) {
       std::string_view kind = xml.substr(next + kRefPrefix.size(), colon - next - kRefPrefix.size());
       CompiledXml::Op op{};
       op.kind = CompiledXml::OpKind::kRef;
-      op.refKind = kind == "fn" ? RefKind::kFootnote : kind == "en" ? RefKind::kEndnote
-                                                                    : RefKind::kRelationship;
+      op.refKind = kind == "fn"   ? RefKind::kFootnote
+                   : kind == "en" ? RefKind::kEndnote
+                   : kind == "dp" ? RefKind::kDrawing
+                   : kind == "bm" ? RefKind::kBookmark
+                                  : RefKind::kRelationship;
       op.text = std::string(xml.substr(colon + 1, quote - colon - 1));
       out.ops.push_back(std::move(op));
       pos = quote;

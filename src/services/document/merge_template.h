@@ -25,8 +25,10 @@ struct FieldSlot {
   bool inInstruction = false;  // stands inside another field's instruction
 };
 
-// The kinds of reference that a record's copy renumbers.
-enum class RefKind : uint8_t { kRelationship, kFootnote, kEndnote };
+// The kinds of reference that a record's copy renumbers: relationship ids of headers and
+// footers, note ids, and the ids that must stay unique in a document (drawing wp:docPr ids,
+// bookmark ids).
+enum class RefKind : uint8_t { kRelationship, kFootnote, kEndnote, kDrawing, kBookmark };
 
 // A compiled stretch of XML.
 struct CompiledXml {
@@ -52,7 +54,8 @@ class FieldMarkup {
   // suppressBlankLines: a paragraph that holds nothing but merge fields is wrapped in a group
   // that a record leaves out when all its fields are empty.
   void markFields(pugi::xml_node root, bool suppressBlankLines);
-  // Replaces header/footer relationship ids and footnote/endnote ids under root by markers.
+  // Replaces header/footer relationship ids, note ids, drawing and bookmark ids under root by
+  // markers.
   static void markReferences(pugi::xml_node root);
 
   const std::vector<FieldSlot>& slots() const { return slots_; }
