@@ -163,6 +163,17 @@ TEST_F(MergeFieldsTest, ALineOfOnlyEmptyFieldsIsRemoved) {
   EXPECT_EQ(mergedBody(body, data), "Ann\nOttawa\nFixed: \n");
 }
 
+TEST_F(MergeFieldsTest, ACellKeepsItsLastParagraphEvenWhenItsFieldsAreEmpty) {
+  MergeData data({"A", "B"}, {{Variant(""), Variant("")}});
+  DocxSpec spec;
+  spec.body = "<w:tbl><w:tr><w:tc>" + para(simpleField(" MERGEFIELD A ")) +
+              para(simpleField(" MERGEFIELD B ")) + "</w:tc></w:tr></w:tbl>" + para(run("after"));
+  auto merged = merge(spec, data);
+  auto doc = part(*merged, "word/document.xml");
+  EXPECT_EQ(countXPath(*doc, "//w:tc/w:p"), 1u);
+  EXPECT_EQ(dumpBody(*doc), "\nafter\n");
+}
+
 TEST_F(MergeFieldsTest, DoNotSuppressBlankLinesKeepsThem) {
   MergeData data({"Name", "Line2"}, {{Variant("Ann"), Variant::null()}});
   DocxSpec spec;

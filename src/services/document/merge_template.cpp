@@ -256,12 +256,12 @@ void FieldMarkup::wrapBlankLines(pugi::xml_node root) {
     }
   });
   for (pugi::xml_node p : paragraphs) {
-    // A container keeps at least one paragraph; a paragraph ending a section keeps the break.
-    bool onlyParagraph = true;
-    for (pugi::xml_node s : p.parent().children()) {
-      if (s != p && named(s, "w:p")) onlyParagraph = false;
+    // A cell, text box, header or note must keep a paragraph at its end: its last one stays.
+    if (!named(p.parent(), "w:body")) {
+      pugi::xml_node last;
+      for (pugi::xml_node s : p.parent().children("w:p")) last = s;
+      if (last == p) continue;
     }
-    if (onlyParagraph) continue;
     SlotGroup group;
     bool content = false;
     walk(p, [&](pugi::xml_node n) {
