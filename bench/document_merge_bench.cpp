@@ -47,10 +47,12 @@ std::string writeMainDocument() {
     } else {
       body += "<w:p><w:r><w:t xml:space=\"preserve\">Label " + std::to_string(i) +
               ": </w:t></w:r><w:r><w:fldChar w:fldCharType=\"begin\"/></w:r>"
-              "<w:r><w:instrText xml:space=\"preserve\">" + instr.substr(0, 8) +
-              "</w:instrText></w:r><w:r><w:instrText xml:space=\"preserve\">" + instr.substr(8) +
+              "<w:r><w:instrText xml:space=\"preserve\">" +
+              instr.substr(0, 8) + "</w:instrText></w:r><w:r><w:instrText xml:space=\"preserve\">" +
+              instr.substr(8) +
               "</w:instrText></w:r><w:r><w:fldChar w:fldCharType=\"separate\"/></w:r>"
-              "<w:r><w:rPr><w:i/></w:rPr><w:t>«x»</w:t></w:r><w:r><w:fldChar w:fldCharType=\"end\"/></w:r></w:p>";
+              "<w:r><w:rPr><w:i/></w:rPr><w:t>«x»</w:t></w:r><w:r><w:fldChar "
+              "w:fldCharType=\"end\"/></w:r></w:p>";
     }
   }
   auto package = nvwm::document::Package::blank();
@@ -102,15 +104,21 @@ void BM_DocxMerge(benchmark::State& state) {
   }
   struct rusage usage {};
   getrusage(RUSAGE_SELF, &usage);
-  state.counters["records/s"] =
-      benchmark::Counter(static_cast<double>(records), benchmark::Counter::kIsIterationInvariantRate);
+  state.counters["records/s"] = benchmark::Counter(static_cast<double>(records),
+                                                   benchmark::Counter::kIsIterationInvariantRate);
   state.counters["us/record"] = benchmark::Counter(
       static_cast<double>(records) / 1e6,
       benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
   state.counters["peak_rss_MB"] = static_cast<double>(usage.ru_maxrss) / 1024.0;
   state.counters["output_MB"] = static_cast<double>(fs::file_size(out)) / (1024.0 * 1024.0);
 }
-BENCHMARK(BM_DocxMerge)->Arg(1000)->Arg(2500)->Arg(5000)->Arg(10000)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(BM_DocxMerge)
+    ->Arg(1000)
+    ->Arg(2500)
+    ->Arg(5000)
+    ->Arg(10000)
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime();
 
 }  // namespace
 

@@ -1,8 +1,9 @@
 // Data sources: an SQLite table with typed columns in order, and CSV files by RFC 4180.
+#include "services/document/data_source.h"
+
 #include <gtest/gtest.h>
 
 #include "document/docx_test_support.h"
-#include "services/document/data_source.h"
 #include "support/test_support.h"
 
 namespace nvwm::testing {
@@ -38,9 +39,12 @@ TEST(DataSourceTest, ConnectionTextsNameTheTable) {
     const char* connection;
     const char* table;
   } cases[] = {
-      {"TABLE WordMergeTable", "WordMergeTable"}, {"table `My Table`", "My Table"},
-      {" TABLE [My Table] ", "My Table"},         {"TABLE \"x\"", "x"},
-      {"DSN=MS Access Database", ""},             {"", ""},
+      {"TABLE WordMergeTable", "WordMergeTable"},
+      {"table `My Table`", "My Table"},
+      {" TABLE [My Table] ", "My Table"},
+      {"TABLE \"x\"", "x"},
+      {"DSN=MS Access Database", ""},
+      {"", ""},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.connection);
@@ -67,7 +71,9 @@ TEST(DataSourceTest, CsvFollowsRfc4180) {
       {"a,b\n1,2\n", {"a", "b"}, {{"1", "2"}}},
       {"a,b\r\n1,2\r\n", {"a", "b"}, {{"1", "2"}}},
       {"a,b\n1,2", {"a", "b"}, {{"1", "2"}}},
-      {"\"First Name\",b\n\"Lee, Ann\",\"say \"\"hi\"\"\"\n", {"First Name", "b"}, {{"Lee, Ann", "say \"hi\""}}},
+      {"\"First Name\",b\n\"Lee, Ann\",\"say \"\"hi\"\"\"\n",
+       {"First Name", "b"},
+       {{"Lee, Ann", "say \"hi\""}}},
       {"a,b\n\"two\nlines\",x\n", {"a", "b"}, {{"two\nlines", "x"}}},
       {"a,b,c\n1\n", {"a", "b", "c"}, {{"1", "", ""}}},
       {"a\n\n1\n\n", {"a"}, {{"1"}}},
@@ -82,7 +88,8 @@ TEST(DataSourceTest, CsvFollowsRfc4180) {
     EXPECT_EQ(data.columns(), c.columns);
     ASSERT_EQ(data.rowCount(), c.rows.size());
     for (size_t r = 0; r < c.rows.size(); ++r) {
-      for (size_t i = 0; i < c.rows[r].size(); ++i) EXPECT_EQ(data.row(r)[i], Variant(c.rows[r][i]));
+      for (size_t i = 0; i < c.rows[r].size(); ++i)
+        EXPECT_EQ(data.row(r)[i], Variant(c.rows[r][i]));
     }
   }
 }

@@ -34,7 +34,8 @@ class DocumentFileTest : public ::testing::Test {
   // No file but the expected ones in the temporary folder (no temporary leftovers).
   std::vector<std::string> filesInDir() {
     std::vector<std::string> names;
-    for (const auto& e : fs::directory_iterator(dir_.path())) names.push_back(e.path().filename().string());
+    for (const auto& e : fs::directory_iterator(dir_.path()))
+      names.push_back(e.path().filename().string());
     std::sort(names.begin(), names.end());
     return names;
   }
@@ -55,7 +56,8 @@ TEST_F(DocumentFileTest, AddThenSaveAsWritesAValidDocxWhateverTheExtension) {
 
 TEST_F(DocumentFileTest, OpenKeepsWhitespaceAndUnknownPartsThroughASave) {
   // The fixture carries a part no word processor knows and a run of one blank.
-  std::string fixture = std::string(NVWM_SOURCE_DIR) + "/tests/data/mergefield-split-over-runs.docx";
+  std::string fixture =
+      std::string(NVWM_SOURCE_DIR) + "/tests/data/mergefield-split-over-runs.docx";
   auto doc = app_->Documents()->Open(Variant(fixture));
   std::string out = dir_.file("copy.docx");
   doc->SaveAs(Variant(out));

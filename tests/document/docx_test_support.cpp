@@ -36,11 +36,16 @@ void dumpNode(pugi::xml_node n, std::string& out, std::string& line) {
       if (c.child("w:pPr").child("w:sectPr")) out += "==section==\n";
       continue;
     }
-    if (named(c, "w:t")) line += c.child_value();
-    else if (named(c, "w:br")) line += "/";
-    else if (named(c, "w:tab")) line += "->";
-    else if (named(c, "w:instrText")) line += "{" + std::string(c.child_value()) + "}";
-    else dumpNode(c, out, line);
+    if (named(c, "w:t"))
+      line += c.child_value();
+    else if (named(c, "w:br"))
+      line += "/";
+    else if (named(c, "w:tab"))
+      line += "->";
+    else if (named(c, "w:instrText"))
+      line += "{" + std::string(c.child_value()) + "}";
+    else
+      dumpNode(c, out, line);
   }
 }
 
@@ -72,8 +77,10 @@ void writeDocx(const DocxSpec& spec, const std::string& path) {
   for (const auto& [type, xml] : spec.footers) addPart("footer", type, xml, "ftr");
   if (!spec.footnotes.empty()) {
     addPart("footnotes", "",
-            "<w:footnote w:type=\"separator\" w:id=\"-1\"><w:p><w:r><w:separator/></w:r></w:p></w:footnote>"
-            "<w:footnote w:type=\"continuationSeparator\" w:id=\"0\"><w:p><w:r><w:continuationSeparator/></w:r></w:p></w:footnote>" +
+            "<w:footnote w:type=\"separator\" "
+            "w:id=\"-1\"><w:p><w:r><w:separator/></w:r></w:p></w:footnote>"
+            "<w:footnote w:type=\"continuationSeparator\" "
+            "w:id=\"0\"><w:p><w:r><w:continuationSeparator/></w:r></w:p></w:footnote>" +
                 spec.footnotes,
             "footnotes");
   }
@@ -161,7 +168,8 @@ std::string para(const std::string& runs, const std::string& pPr) {
   return "<w:p>" + (pPr.empty() ? "" : "<w:pPr>" + pPr + "</w:pPr>") + runs + "</w:p>";
 }
 
-std::string simpleField(const std::string& instr, const std::string& shown, const std::string& rPr) {
+std::string simpleField(const std::string& instr, const std::string& shown,
+                        const std::string& rPr) {
   std::string escaped;
   for (char c : instr) escaped += c == '"' ? std::string("&quot;") : std::string(1, c);
   return "<w:fldSimple w:instr=\"" + escaped + "\">" + run(shown, rPr) + "</w:fldSimple>";

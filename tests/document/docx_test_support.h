@@ -2,10 +2,9 @@
 // built with sqlite3, XPath checks and a readable dump of a merged body.
 #pragma once
 
-#include <pugixml.hpp>
-
 #include <map>
 #include <memory>
+#include <pugixml.hpp>
 #include <string>
 #include <vector>
 
@@ -17,12 +16,12 @@ inline constexpr const char* kW = "http://schemas.openxmlformats.org/wordprocess
 
 // A .docx main document written from pieces of WordprocessingML.
 struct DocxSpec {
-  std::string body;  // children of w:body before the final sectPr
+  std::string body;         // children of w:body before the final sectPr
   std::string sectPrExtra;  // children added to the final sectPr (references are added)
   std::map<std::string, std::string> headers;  // "default"/"first"/"even" -> children of w:hdr
   std::map<std::string, std::string> footers;  // same, children of w:ftr
-  std::string footnotes;      // normal w:footnote elements (ids from 1)
-  std::string settingsExtra;  // children appended to w:settings
+  std::string footnotes;                       // normal w:footnote elements (ids from 1)
+  std::string settingsExtra;                   // children appended to w:settings
 };
 
 // Writes the spec as a .docx file at path.

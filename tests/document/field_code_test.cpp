@@ -1,8 +1,9 @@
 // MERGEFIELD instructions and the text their switches make of a value.
+#include "services/document/field_code.h"
+
 #include <gtest/gtest.h>
 
 #include "runtime/date.h"
-#include "services/document/field_code.h"
 
 namespace nvwm::document {
 namespace {
@@ -20,8 +21,8 @@ TEST(MergeFieldCodeTest, ParsesNamesAndSwitchesWhereverTheBlanksFall) {
       {" MERGEFIELD \"Company Name\" \\* MERGEFORMAT ", "Company Name", nullptr, nullptr, 1},
       {" MERGEFIELD Due \\@ \"MMMM d, yyyy\" ", "Due", "MMMM d, yyyy", nullptr, 0},
       {" MERGEFIELD Due \\@\"dddd, MMMM dd, yyyy\"", "Due", "dddd, MMMM dd, yyyy", nullptr, 0},
-      {" MERGEFIELD Amount \\# $#,##0.00 \\* Upper \\* MERGEFORMAT", "Amount", nullptr,
-       "$#,##0.00", 2},
+      {" MERGEFIELD Amount \\# $#,##0.00 \\* Upper \\* MERGEFORMAT", "Amount", nullptr, "$#,##0.00",
+       2},
       {" MERGEFIELD Name \\*Upper", "Name", nullptr, nullptr, 1},
       {" MERGEFIELD \"Say \\\"Hi\\\"\" ", "Say \"Hi\"", nullptr, nullptr, 0},
       {" MERGEFIELD Name \\z junk \\m \\v", "Name", nullptr, nullptr, 0},
@@ -44,7 +45,8 @@ TEST(MergeFieldCodeTest, ParsesNamesAndSwitchesWhereverTheBlanksFall) {
 }
 
 TEST(MergeFieldCodeTest, OtherFieldsAndNamelessOnesAreNotMergeFields) {
-  for (const char* instruction : {" PAGE ", " DATE \\@ \"MMMM\" ", " MERGEFIELD ", "", "  \\* Upper"}) {
+  for (const char* instruction :
+       {" PAGE ", " DATE \\@ \"MMMM\" ", " MERGEFIELD ", "", "  \\* Upper"}) {
     SCOPED_TRACE(instruction);
     EXPECT_FALSE(parseMergeField(instruction));
   }
@@ -123,7 +125,8 @@ TEST(MergeValueTest, SwitchesApplyInWordsOrder) {
       {"MERGEFIELD N \\b \"Dear \" \\f \",\"", Variant("Ann"), "Dear Ann,"},
       {"MERGEFIELD N \\b \"Dear \" \\f \",\"", Variant(""), ""},
       {"MERGEFIELD N \\b \"Dear \"", Variant::null(), ""},
-      {"MERGEFIELD D \\@ \"MMMM d, yyyy\"", Variant(Date::fromYmd(2026, 11, 23)), "November 23, 2026"},
+      {"MERGEFIELD D \\@ \"MMMM d, yyyy\"", Variant(Date::fromYmd(2026, 11, 23)),
+       "November 23, 2026"},
       {"MERGEFIELD D \\@ \"MMMM d, yyyy\"", Variant("2026-11-23 00:00:00"), "November 23, 2026"},
       {"MERGEFIELD D \\@ \"MMMM d, yyyy\"", Variant("not a date"), "not a date"},
       {"MERGEFIELD A \\# \"$#,##0.00\"", Variant(1234.5), "$1,234.50"},

@@ -17,7 +17,9 @@ class MailMergeTest : public ::testing::Test {
  protected:
   MailMergeTest() {
     document::WordEngineOptions options;
-    options.presenter = [this](const std::vector<document::OpenDocumentInfo>& docs) { shown_ = docs; };
+    options.presenter = [this](const std::vector<document::OpenDocumentInfo>& docs) {
+      shown_ = docs;
+    };
     app_ = document::createWordApplication(options);
     execSqlite(db_, R"(
       CREATE TABLE WordMergeTable ("First Name" TEXT, Balance REAL, Due DATETIME, Active BOOLEAN, Visits INTEGER);
@@ -102,7 +104,8 @@ TEST_F(MailMergeTest, TheMainDocumentRemembersItsSourceAndTheMergedOneDoesNot) {
   EXPECT_EQ(countXPath(*loadPart(out, "word/settings.xml"), "//w:mailMerge"), 0u);
   auto package = document::Package::load(out);
   EXPECT_FALSE(package->has("word/_rels/settings.xml.rels") &&
-               package->bytes("word/_rels/settings.xml.rels").find("mailMergeSource") != std::string::npos);
+               package->bytes("word/_rels/settings.xml.rels").find("mailMergeSource") !=
+                   std::string::npos);
 }
 
 TEST_F(MailMergeTest, ReopeningASavedMainDocumentReattachesItsSource) {
@@ -168,8 +171,11 @@ TEST_F(MailMergeTest, BadDataSourcesRaiseAndChangeNothing) {
 }
 
 TEST_F(MailMergeTest, ConnectionTextsNameTheTableInWordsForms) {
-  execSqlite(db_, "CREATE TABLE \"Other Table\" (\"First Name\" TEXT); INSERT INTO \"Other Table\" VALUES ('Zed');");
-  for (const char* connection : {"TABLE `Other Table`", "table [Other Table]", "TABLE \"Other Table\""}) {
+  execSqlite(db_,
+             "CREATE TABLE \"Other Table\" (\"First Name\" TEXT); INSERT INTO \"Other Table\" "
+             "VALUES ('Zed');");
+  for (const char* connection :
+       {"TABLE `Other Table`", "table [Other Table]", "TABLE \"Other Table\""}) {
     SCOPED_TRACE(connection);
     auto app = document::createWordApplication({});
     auto doc = app->Documents()->Open(Variant(main_));

@@ -89,7 +89,8 @@ TEST_F(MergeFieldsTest, CharformatTakesTheFormattingOfTheInstruction) {
   DocxSpec spec;
   spec.body = para(
       "<w:r><w:fldChar w:fldCharType=\"begin\"/></w:r>"
-      "<w:r><w:rPr><w:b/></w:rPr><w:instrText> MERGEFIELD FirstName \\* CHARFORMAT </w:instrText></w:r>"
+      "<w:r><w:rPr><w:b/></w:rPr><w:instrText> MERGEFIELD FirstName \\* CHARFORMAT "
+      "</w:instrText></w:r>"
       "<w:r><w:fldChar w:fldCharType=\"separate\"/></w:r>" +
       run("«FirstName»", "<w:i/>") + "<w:r><w:fldChar w:fldCharType=\"end\"/></w:r>");
   auto merged = merge(spec, oneRow_);
@@ -122,9 +123,10 @@ TEST_F(MergeFieldsTest, MergeFieldsInsideAnotherFieldAreMergedAndTheFieldStays) 
 
 TEST_F(MergeFieldsTest, AResultSpanningParagraphsIsReplacedAndTheParagraphsJoin) {
   std::string body =
-      para(run("Hello ") + "<w:r><w:fldChar w:fldCharType=\"begin\"/></w:r>"
-                           "<w:r><w:instrText> MERGEFIELD FirstName </w:instrText></w:r>"
-                           "<w:r><w:fldChar w:fldCharType=\"separate\"/></w:r>" +
+      para(run("Hello ") +
+           "<w:r><w:fldChar w:fldCharType=\"begin\"/></w:r>"
+           "<w:r><w:instrText> MERGEFIELD FirstName </w:instrText></w:r>"
+           "<w:r><w:fldChar w:fldCharType=\"separate\"/></w:r>" +
            run("old one")) +
       para(run("old two")) +
       para(run("old three") + "<w:r><w:fldChar w:fldCharType=\"end\"/></w:r>" + run(", welcome")) +
@@ -134,13 +136,14 @@ TEST_F(MergeFieldsTest, AResultSpanningParagraphsIsReplacedAndTheParagraphsJoin)
 
 TEST_F(MergeFieldsTest, FieldsInTablesAndBothBranchesOfATextBox) {
   std::string textbox = [] {
-    std::string content = "<w:txbxContent>" + para(simpleField(" MERGEFIELD FirstName ")) +
-                          "</w:txbxContent>";
+    std::string content =
+        "<w:txbxContent>" + para(simpleField(" MERGEFIELD FirstName ")) + "</w:txbxContent>";
     return "<w:r><mc:AlternateContent><mc:Choice Requires=\"wps\"><w:drawing><wp:anchor>"
-           "<a:graphic><a:graphicData><wps:wsp><wps:txbx>" + content +
+           "<a:graphic><a:graphicData><wps:wsp><wps:txbx>" +
+           content +
            "</wps:txbx></wps:wsp></a:graphicData></a:graphic></wp:anchor></w:drawing></mc:Choice>"
-           "<mc:Fallback><w:pict><v:shape><v:textbox>" + content +
-           "</v:textbox></v:shape></w:pict></mc:Fallback></mc:AlternateContent></w:r>";
+           "<mc:Fallback><w:pict><v:shape><v:textbox>" +
+           content + "</v:textbox></v:shape></w:pict></mc:Fallback></mc:AlternateContent></w:r>";
   }();
   DocxSpec spec;
   spec.body = "<w:tbl><w:tr><w:tc>" + para(simpleField(" MERGEFIELD FirstName ")) +
@@ -190,11 +193,11 @@ TEST_F(MergeFieldsTest, ThreeRecordsGiveThreeSectionsRestartingPageNumbers) {
   spec.body = para(run("Dear ") + simpleField(" MERGEFIELD FirstName "));
   auto merged = merge(spec, data);
   auto doc = part(*merged, "word/document.xml");
-  EXPECT_EQ(dumpBody(*doc),
-            "Dear Ann\n\n==section==\nDear Bob\n\n==section==\nDear Cy\n");
+  EXPECT_EQ(dumpBody(*doc), "Dear Ann\n\n==section==\nDear Bob\n\n==section==\nDear Cy\n");
   EXPECT_EQ(countXPath(*doc, "//w:sectPr"), 3u);
-  EXPECT_EQ(countXPath(*doc, "//w:sectPr[w:type/@w:val='nextPage' and w:pgNumType/@w:start='1' "
-                             "and w:pgSz/@w:w='12240' and w:pgMar/@w:top='1440']"),
+  EXPECT_EQ(countXPath(*doc,
+                       "//w:sectPr[w:type/@w:val='nextPage' and w:pgNumType/@w:start='1' "
+                       "and w:pgSz/@w:w='12240' and w:pgMar/@w:top='1440']"),
             3u);
   EXPECT_EQ(countXPath(*doc, "/w:document/w:body/w:sectPr"), 1u);
 }
@@ -215,10 +218,11 @@ TEST_F(MergeFieldsTest, HeadersWithFieldsAreCopiedPerRecordAndOthersShared) {
   std::vector<std::string> headerTexts;
   for (const char* type : {"default", "first"}) {
     for (auto section : doc->select_nodes("//w:sectPr")) {
-      std::string id = section.node()
-                           .select_node((std::string("w:headerReference[@w:type='") + type + "']/@r:id").c_str())
-                           .attribute()
-                           .value();
+      std::string id =
+          section.node()
+              .select_node((std::string("w:headerReference[@w:type='") + type + "']/@r:id").c_str())
+              .attribute()
+              .value();
       std::string target = xpathText(*rels, "//Relationship[@Id='" + id + "']/@Target");
       ASSERT_FALSE(target.empty()) << id;
       EXPECT_EQ(countXPath(*types, "//Override[@PartName='/word/" + target + "']"), 1u);
@@ -227,7 +231,8 @@ TEST_F(MergeFieldsTest, HeadersWithFieldsAreCopiedPerRecordAndOthersShared) {
   }
   EXPECT_EQ(headerTexts, (std::vector<std::string>{"To Ann\n", "To Bob\n", "Ann\n", "Bob\n"}));
   std::string footerIds;
-  for (auto f : doc->select_nodes("//w:sectPr/w:footerReference/@r:id")) footerIds += f.attribute().value() + std::string(" ");
+  for (auto f : doc->select_nodes("//w:sectPr/w:footerReference/@r:id"))
+    footerIds += f.attribute().value() + std::string(" ");
   EXPECT_EQ(footerIds, "rId12 rId12 ");
   // The headers of the main document are gone with their relationships.
   EXPECT_EQ(countXPath(*rels, "//Relationship[@Id='rId10' or @Id='rId11']"), 0u);
@@ -242,10 +247,12 @@ TEST_F(MergeFieldsTest, EvenPageHeadersAndFootersAreFilledToo) {
   auto merged = merge(spec, data);
   auto doc = part(*merged, "word/document.xml");
   auto rels = part(*merged, "word/_rels/document.xml.rels");
-  std::string header = xpathText(*rels, "//Relationship[@Id='" +
-                                            xpathText(*doc, "//w:headerReference[@w:type='even']/@r:id") + "']/@Target");
-  std::string footer = xpathText(*rels, "//Relationship[@Id='" +
-                                            xpathText(*doc, "//w:footerReference[@w:type='even']/@r:id") + "']/@Target");
+  std::string header = xpathText(
+      *rels, "//Relationship[@Id='" + xpathText(*doc, "//w:headerReference[@w:type='even']/@r:id") +
+                 "']/@Target");
+  std::string footer = xpathText(
+      *rels, "//Relationship[@Id='" + xpathText(*doc, "//w:footerReference[@w:type='even']/@r:id") +
+                 "']/@Target");
   EXPECT_EQ(dumpParagraphs(part(*merged, "word/" + header)->document_element()), "ANN\n");
   EXPECT_EQ(dumpParagraphs(part(*merged, "word/" + footer)->document_element()), "By Ann\n");
 }
@@ -277,22 +284,26 @@ TEST_F(MergeFieldsTest, TheMergedDocumentHoldsNoMailMergeSettingsOrRecipientData
       "<w:dataSource r:id=\"rIdSource\"/></w:mailMerge>";
   writeDocx(spec, path);
   auto main = document::Package::load(path);
-  main->setBytes("word/_rels/settings.xml.rels",
-                 "<Relationships xmlns=\"http://schemas.openxmlformats.org/package/2006/relationships\">"
-                 "<Relationship Id=\"rIdSource\" Type=\"" + std::string(document::kRelMailMergeSource) +
-                 "\" Target=\"file:///tmp/source.db\" TargetMode=\"External\"/></Relationships>");
+  main->setBytes(
+      "word/_rels/settings.xml.rels",
+      "<Relationships xmlns=\"http://schemas.openxmlformats.org/package/2006/relationships\">"
+      "<Relationship Id=\"rIdSource\" Type=\"" +
+          std::string(document::kRelMailMergeSource) +
+          "\" Target=\"file:///tmp/source.db\" TargetMode=\"External\"/></Relationships>");
   main->setBytes("word/recipientData.xml", "<w:recipients xmlns:w=\"" + std::string(kW) + "\"/>");
-  main->setContentTypeOverride("word/recipientData.xml",
-                               "application/vnd.openxmlformats-officedocument.wordprocessingml.recipientData+xml");
+  main->setContentTypeOverride(
+      "word/recipientData.xml",
+      "application/vnd.openxmlformats-officedocument.wordprocessingml.recipientData+xml");
   std::string rels = main->bytes("word/_rels/document.xml.rels");
-  rels.insert(rels.rfind("</Relationships>"),
-              "<Relationship Id=\"rIdRecipients\" Type=\"" + std::string(document::kRelRecipientData) +
-                  "\" Target=\"recipientData.xml\"/>");
+  rels.insert(rels.rfind("</Relationships>"), "<Relationship Id=\"rIdRecipients\" Type=\"" +
+                                                  std::string(document::kRelRecipientData) +
+                                                  "\" Target=\"recipientData.xml\"/>");
   main->setBytes("word/_rels/document.xml.rels", rels);
   auto merged = document::mergeDocument(*main, oneRow_);
   EXPECT_EQ(countXPath(*part(*merged, "word/settings.xml"), "//w:mailMerge"), 0u);
   EXPECT_FALSE(merged->has("word/recipientData.xml"));
-  EXPECT_EQ(merged->bytes("word/_rels/settings.xml.rels").find("mailMergeSource"), std::string::npos);
+  EXPECT_EQ(merged->bytes("word/_rels/settings.xml.rels").find("mailMergeSource"),
+            std::string::npos);
   EXPECT_EQ(merged->bytes("word/_rels/document.xml.rels").find("recipientData"), std::string::npos);
   EXPECT_EQ(merged->bytes("[Content_Types].xml").find("recipientData"), std::string::npos);
   // The main document itself is not changed by a merge.
@@ -303,17 +314,22 @@ TEST_F(MergeFieldsTest, FootnotesAreCopiedPerRecordWithTheirFields) {
   MergeData data({"FirstName"}, {{Variant("Ann")}, {Variant("Bob")}});
   DocxSpec spec;
   spec.body = para(run("Text") + "<w:r><w:footnoteReference w:id=\"1\"/></w:r>");
-  spec.footnotes = "<w:footnote w:id=\"1\">" + para(run("Note for ") + simpleField(" MERGEFIELD FirstName ")) +
-                   "</w:footnote>";
+  spec.footnotes = "<w:footnote w:id=\"1\">" +
+                   para(run("Note for ") + simpleField(" MERGEFIELD FirstName ")) + "</w:footnote>";
   auto merged = merge(spec, data);
   auto doc = part(*merged, "word/document.xml");
   auto notes = part(*merged, "word/footnotes10.xml");
   std::vector<std::string> ids;
-  for (auto r : doc->select_nodes("//w:footnoteReference/@w:id")) ids.push_back(r.attribute().value());
+  for (auto r : doc->select_nodes("//w:footnoteReference/@w:id"))
+    ids.push_back(r.attribute().value());
   ASSERT_EQ(ids.size(), 2u);
   EXPECT_NE(ids[0], ids[1]);
-  EXPECT_EQ(dumpParagraphs(notes->document_element().find_child_by_attribute("w:footnote", "w:id", ids[0].c_str())), "Note for Ann\n");
-  EXPECT_EQ(dumpParagraphs(notes->document_element().find_child_by_attribute("w:footnote", "w:id", ids[1].c_str())), "Note for Bob\n");
+  EXPECT_EQ(dumpParagraphs(notes->document_element().find_child_by_attribute("w:footnote", "w:id",
+                                                                             ids[0].c_str())),
+            "Note for Ann\n");
+  EXPECT_EQ(dumpParagraphs(notes->document_element().find_child_by_attribute("w:footnote", "w:id",
+                                                                             ids[1].c_str())),
+            "Note for Bob\n");
   EXPECT_EQ(countXPath(*notes, "//w:footnote[@w:type='separator']"), 1u);
 }
 
@@ -332,9 +348,10 @@ TEST_F(MergeFieldsTest, OtherFieldsAndUnknownElementsTravelThrough) {
 TEST_F(MergeFieldsTest, UnbalancedFieldCharactersAreLeftAlone) {
   std::string body = para("<w:r><w:fldChar w:fldCharType=\"end\"/></w:r>" + run("a") +
                           simpleField(" MERGEFIELD FirstName ")) +
-                     para("<w:r><w:fldChar w:fldCharType=\"begin\"/></w:r>"
-                          "<w:r><w:instrText> MERGEFIELD FirstName </w:instrText></w:r>" +
-                          run("b"));
+                     para(
+                         "<w:r><w:fldChar w:fldCharType=\"begin\"/></w:r>"
+                         "<w:r><w:instrText> MERGEFIELD FirstName </w:instrText></w:r>" +
+                         run("b"));
   EXPECT_EQ(mergedBody(body, oneRow_), "aAnn\n{ MERGEFIELD FirstName }b\n");
 }
 

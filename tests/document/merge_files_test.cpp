@@ -16,8 +16,9 @@ namespace fs = std::filesystem;
 class MergeFilesTest : public ::testing::Test {
  protected:
   MergeFilesTest() {
-    execSqlite(db_, "CREATE TABLE Clients (Name TEXT, Fee REAL);"
-                    "INSERT INTO Clients VALUES ('Ann', 100), ('Bob', 250.5), ('Cy', 0);");
+    execSqlite(db_,
+               "CREATE TABLE Clients (Name TEXT, Fee REAL);"
+               "INSERT INTO Clients VALUES ('Ann', 100), ('Bob', 250.5), ('Cy', 0);");
     DocxSpec spec;
     spec.body = para(run("Dear ") + complexField({" MERGEFIELD ", "Name "})) +
                 "<w:tbl><w:tr><w:tc>" + para(run("Fee")) + "</w:tc><w:tc>" +
@@ -68,8 +69,7 @@ TEST_F(MergeFilesTest, LibreOfficeConvertsTheMergedOutputToPdf) {
     GTEST_SKIP() << "LibreOffice (soffice) is not installed";
   }
   ASSERT_EQ(document::mergeFiles(main_, db_, "Clients", out_), 3u);
-  std::string command = "cd '" + dir_.path().string() +
-                        "' && HOME='" + dir_.path().string() +
+  std::string command = "cd '" + dir_.path().string() + "' && HOME='" + dir_.path().string() +
                         "' timeout 120 soffice --headless --norestore --convert-to pdf merged.docx"
                         " > soffice.log 2>&1";
   ASSERT_EQ(std::system(command.c_str()), 0) << readFile(dir_.file("soffice.log"));

@@ -43,7 +43,8 @@ bool looksLikeSqlite(const std::string& path) {
   std::ifstream in(path, std::ios::binary);
   char magic[16] = {};
   in.read(magic, sizeof magic);
-  return in.gcount() == 16 && std::string_view(magic, 16) == std::string_view("SQLite format 3\0", 16);
+  return in.gcount() == 16 &&
+         std::string_view(magic, 16) == std::string_view("SQLite format 3\0", 16);
 }
 
 struct SqliteCloser {
@@ -89,9 +90,12 @@ Variant typedValue(sqlite3_stmt* stmt, int col, const std::string& declared) {
     return integer(sqlite3_column_int64(stmt, col));
   }
   switch (storage) {
-    case SQLITE_INTEGER: return integer(sqlite3_column_int64(stmt, col));
-    case SQLITE_FLOAT: return sqlite3_column_double(stmt, col);
-    default: return text();
+    case SQLITE_INTEGER:
+      return integer(sqlite3_column_int64(stmt, col));
+    case SQLITE_FLOAT:
+      return sqlite3_column_double(stmt, col);
+    default:
+      return text();
   }
 }
 
@@ -107,10 +111,14 @@ bool isValidUtf8(std::string_view s) {
     }
     int len;
     uint32_t cp;
-    if ((c & 0xE0) == 0xC0) len = 2, cp = c & 0x1F;
-    else if ((c & 0xF0) == 0xE0) len = 3, cp = c & 0x0F;
-    else if ((c & 0xF8) == 0xF0) len = 4, cp = c & 0x07;
-    else return false;
+    if ((c & 0xE0) == 0xC0)
+      len = 2, cp = c & 0x1F;
+    else if ((c & 0xF0) == 0xE0)
+      len = 3, cp = c & 0x0F;
+    else if ((c & 0xF8) == 0xF0)
+      len = 4, cp = c & 0x07;
+    else
+      return false;
     if (i + len > n) return false;
     for (int k = 1; k < len; ++k) {
       unsigned char cc = static_cast<unsigned char>(s[i + k]);
@@ -133,9 +141,9 @@ std::string tableOfConnection(std::string_view connection) {
   std::string_view name = connection.substr(pos + 6);
   while (!name.empty() && name.front() == ' ') name.remove_prefix(1);
   while (!name.empty() && name.back() == ' ') name.remove_suffix(1);
-  if (name.size() >= 2 && ((name.front() == '`' && name.back() == '`') ||
-                           (name.front() == '[' && name.back() == ']') ||
-                           (name.front() == '"' && name.back() == '"'))) {
+  if (name.size() >= 2 &&
+      ((name.front() == '`' && name.back() == '`') || (name.front() == '[' && name.back() == ']') ||
+       (name.front() == '"' && name.back() == '"'))) {
     name = name.substr(1, name.size() - 2);
   }
   return std::string(name);
@@ -164,7 +172,8 @@ MergeData MergeData::load(const std::string& path, std::string_view connection,
   if (!std::filesystem::is_regular_file(path, ec)) {
     raise(ErrorNumber::kFileNotFound, "the data source '" + path + "' does not exist");
   }
-  MergeData data = looksLikeSqlite(path) ? loadSqlite(path, connection, sqlStatement) : loadCsv(path);
+  MergeData data =
+      looksLikeSqlite(path) ? loadSqlite(path, connection, sqlStatement) : loadCsv(path);
   data.path_ = path;
   data.buildIndex();
   return data;
@@ -269,8 +278,9 @@ MergeData MergeData::loadCsv(const std::string& path) {
       fieldStarted = true;
       ++i;
       for (;;) {
-        if (i >= text.size()) sourceError(path, "a quoted value opened on line " +
-                                                    std::to_string(line) + " is never closed");
+        if (i >= text.size())
+          sourceError(path,
+                      "a quoted value opened on line " + std::to_string(line) + " is never closed");
         if (text[i] == '"') {
           if (i + 1 < text.size() && text[i + 1] == '"') {
             field += '"';
@@ -294,7 +304,8 @@ MergeData MergeData::loadCsv(const std::string& path) {
     }
     if (c == '\r' || c == '\n') {
       i += (c == '\r' && i + 1 < text.size() && text[i + 1] == '\n') ? 2 : 1;
-      if (!isValidUtf8(field)) sourceError(path, "line " + std::to_string(recordLine) + " is not UTF-8 text");
+      if (!isValidUtf8(field))
+        sourceError(path, "line " + std::to_string(recordLine) + " is not UTF-8 text");
       endRecord();
       ++line;
       recordLine = line;
@@ -308,7 +319,8 @@ MergeData MergeData::loadCsv(const std::string& path) {
 
   for (size_t r = 0; r < records.size(); ++r) {
     for (const auto& f : records[r]) {
-      if (!isValidUtf8(f)) sourceError(path, "record " + std::to_string(r + 1) + " is not UTF-8 text");
+      if (!isValidUtf8(f))
+        sourceError(path, "record " + std::to_string(r + 1) + " is not UTF-8 text");
     }
   }
   // A blank line is no record.

@@ -161,14 +161,34 @@ std::optional<MergeFieldCode> parseMergeField(std::string_view instruction) {
       return {};
     };
     switch (letter) {
-      case '@': code.datePicture = argument(); break;
-      case '#': code.numericPicture = argument(); break;
-      case '*': code.formats.push_back(argument()); break;
-      case 'b': case 'B': code.textBefore = argument(); break;
-      case 'f': case 'F': code.textAfter = argument(); break;
-      case 'm': case 'M': code.mapped = true; break;
-      case 'v': case 'V': code.vertical = true; break;
-      default: argument(); break;
+      case '@':
+        code.datePicture = argument();
+        break;
+      case '#':
+        code.numericPicture = argument();
+        break;
+      case '*':
+        code.formats.push_back(argument());
+        break;
+      case 'b':
+      case 'B':
+        code.textBefore = argument();
+        break;
+      case 'f':
+      case 'F':
+        code.textAfter = argument();
+        break;
+      case 'm':
+      case 'M':
+        code.mapped = true;
+        break;
+      case 'v':
+      case 'V':
+        code.vertical = true;
+        break;
+      default:
+        argument();
+        break;
     }
   }
   if (!haveName || code.name.empty()) return std::nullopt;
@@ -212,10 +232,14 @@ std::string formatMergeValue(const MergeFieldCode& code, const Variant& value) {
   if (!done) text = plainValueText(value);
   for (const auto& format : code.formats) {
     std::string f = upperAscii(format);
-    if (f == "UPPER") text = toUpperText(text);
-    else if (f == "LOWER") text = toLowerText(text);
-    else if (f == "CAPS") text = capsText(text);
-    else if (f == "FIRSTCAP") text = firstCapText(text);
+    if (f == "UPPER")
+      text = toUpperText(text);
+    else if (f == "LOWER")
+      text = toLowerText(text);
+    else if (f == "CAPS")
+      text = capsText(text);
+    else if (f == "FIRSTCAP")
+      text = firstCapText(text);
     // MERGEFORMAT and CHARFORMAT choose formatting, not text; others are ignored.
   }
   if (!text.empty()) {
@@ -249,32 +273,53 @@ std::string formatWordDate(Date date, std::string_view p) {
     }
     size_t n = runOf(p, i, c);
     switch (c) {
-      case 'd': case 'D':
+      case 'd':
+      case 'D':
         n = runOf(p, i, c);
-        if (n == 1) out += std::to_string(d.day);
-        else if (n == 2) out += twoDigits(d.day);
-        else if (n == 3) out += rs.dayAbbreviations[weekday - 1];
-        else out += rs.dayNames[weekday - 1];
+        if (n == 1)
+          out += std::to_string(d.day);
+        else if (n == 2)
+          out += twoDigits(d.day);
+        else if (n == 3)
+          out += rs.dayAbbreviations[weekday - 1];
+        else
+          out += rs.dayNames[weekday - 1];
         break;
       case 'M':
-        if (n == 1) out += std::to_string(d.month);
-        else if (n == 2) out += twoDigits(d.month);
-        else if (n == 3) out += rs.monthAbbreviations[d.month - 1];
-        else out += rs.monthNames[d.month - 1];
+        if (n == 1)
+          out += std::to_string(d.month);
+        else if (n == 2)
+          out += twoDigits(d.month);
+        else if (n == 3)
+          out += rs.monthAbbreviations[d.month - 1];
+        else
+          out += rs.monthNames[d.month - 1];
         break;
-      case 'y': case 'Y':
-        if (n <= 2) out += twoDigits(d.year);
-        else out += std::to_string(d.year);
+      case 'y':
+      case 'Y':
+        if (n <= 2)
+          out += twoDigits(d.year);
+        else
+          out += std::to_string(d.year);
         break;
       case 'h': {
         int h12 = d.hour % 12 == 0 ? 12 : d.hour % 12;
         out += n == 1 ? std::to_string(h12) : twoDigits(h12);
         break;
       }
-      case 'H': out += n == 1 ? std::to_string(d.hour) : twoDigits(d.hour); break;
-      case 'm': out += n == 1 ? std::to_string(d.minute) : twoDigits(d.minute); break;
-      case 's': case 'S': out += n == 1 ? std::to_string(d.second) : twoDigits(d.second); break;
-      default: out.append(n, c); break;
+      case 'H':
+        out += n == 1 ? std::to_string(d.hour) : twoDigits(d.hour);
+        break;
+      case 'm':
+        out += n == 1 ? std::to_string(d.minute) : twoDigits(d.minute);
+        break;
+      case 's':
+      case 'S':
+        out += n == 1 ? std::to_string(d.second) : twoDigits(d.second);
+        break;
+      default:
+        out.append(n, c);
+        break;
     }
     i += n;
   }
@@ -319,9 +364,8 @@ std::string formatWordNumber(double value, std::string_view picture) {
     } else if (c == '.' && point == std::string::npos && firstPlace != std::string::npos) {
       point = i;
       lastPlace = i;
-    } else if (c == '.' && firstPlace == std::string::npos &&
-               i + 1 < section.size() && (section[i + 1] == '0' || section[i + 1] == '#' ||
-                                          section[i + 1] == 'x')) {
+    } else if (c == '.' && firstPlace == std::string::npos && i + 1 < section.size() &&
+               (section[i + 1] == '0' || section[i + 1] == '#' || section[i + 1] == 'x')) {
       point = i;
       firstPlace = i;
       lastPlace = i;
@@ -339,9 +383,12 @@ std::string formatWordNumber(double value, std::string_view picture) {
         q = !q;
         continue;
       }
-      if (!q && c == '-') out += negative ? "-" : " ";
-      else if (!q && c == '+') out += negative ? "-" : zero ? " " : "+";
-      else out += c;
+      if (!q && c == '-')
+        out += negative ? "-" : " ";
+      else if (!q && c == '+')
+        out += negative ? "-" : zero ? " " : "+";
+      else
+        out += c;
     }
     return out;
   };

@@ -28,16 +28,35 @@ namespace {
 bool named(pugi::xml_node n, const char* name) { return std::strcmp(n.name(), name) == 0; }
 
 // Children of w:settings that come before w:mailMerge in the schema's sequence.
-const char* const kBeforeMailMerge[] = {
-    "w:writeProtection", "w:view", "w:zoom", "w:removePersonalInformation",
-    "w:removeDateAndTime", "w:doNotDisplayPageBoundaries", "w:displayBackgroundShape",
-    "w:printPostScriptOverText", "w:printFractionalCharacterWidth", "w:printFormsData",
-    "w:embedTrueTypeFonts", "w:embedSystemFonts", "w:saveSubsetFonts", "w:saveFormsData",
-    "w:mirrorMargins", "w:alignBordersAndEdges", "w:bordersDoNotSurroundHeader",
-    "w:bordersDoNotSurroundFooter", "w:gutterAtTop", "w:hideSpellingErrors",
-    "w:hideGrammaticalErrors", "w:activeWritingStyle", "w:proofState", "w:formsDesign",
-    "w:attachedTemplate", "w:linkStyles", "w:stylePaneFormatFilter", "w:stylePaneSortMethod",
-    "w:documentType"};
+const char* const kBeforeMailMerge[] = {"w:writeProtection",
+                                        "w:view",
+                                        "w:zoom",
+                                        "w:removePersonalInformation",
+                                        "w:removeDateAndTime",
+                                        "w:doNotDisplayPageBoundaries",
+                                        "w:displayBackgroundShape",
+                                        "w:printPostScriptOverText",
+                                        "w:printFractionalCharacterWidth",
+                                        "w:printFormsData",
+                                        "w:embedTrueTypeFonts",
+                                        "w:embedSystemFonts",
+                                        "w:saveSubsetFonts",
+                                        "w:saveFormsData",
+                                        "w:mirrorMargins",
+                                        "w:alignBordersAndEdges",
+                                        "w:bordersDoNotSurroundHeader",
+                                        "w:bordersDoNotSurroundFooter",
+                                        "w:gutterAtTop",
+                                        "w:hideSpellingErrors",
+                                        "w:hideGrammaticalErrors",
+                                        "w:activeWritingStyle",
+                                        "w:proofState",
+                                        "w:formsDesign",
+                                        "w:attachedTemplate",
+                                        "w:linkStyles",
+                                        "w:stylePaneFormatFilter",
+                                        "w:stylePaneSortMethod",
+                                        "w:documentType"};
 
 bool comesBeforeMailMerge(pugi::xml_node n) {
   for (const char* name : kBeforeMailMerge) {
@@ -63,18 +82,19 @@ pugi::xml_node insertInSequence(pugi::xml_node parent, const char* name,
 void prepareSection(pugi::xml_node sectPr, bool restart) {
   pugi::xml_node type = sectPr.child("w:type");
   if (!type) {
-    type = insertInSequence(sectPr, "w:type",
-                            {"w:headerReference", "w:footerReference", "w:footnotePr", "w:endnotePr"});
+    type =
+        insertInSequence(sectPr, "w:type",
+                         {"w:headerReference", "w:footerReference", "w:footnotePr", "w:endnotePr"});
   }
   if (!type.attribute("w:val")) type.append_attribute("w:val");
   type.attribute("w:val").set_value("nextPage");
   if (!restart) return;
   pugi::xml_node numbers = sectPr.child("w:pgNumType");
   if (!numbers) {
-    numbers = insertInSequence(sectPr, "w:pgNumType",
-                               {"w:headerReference", "w:footerReference", "w:footnotePr",
-                                "w:endnotePr", "w:type", "w:pgSz", "w:pgMar", "w:paperSrc",
-                                "w:pgBorders", "w:lnNumType"});
+    numbers = insertInSequence(
+        sectPr, "w:pgNumType",
+        {"w:headerReference", "w:footerReference", "w:footnotePr", "w:endnotePr", "w:type",
+         "w:pgSz", "w:pgMar", "w:paperSrc", "w:pgBorders", "w:lnNumType"});
   }
   if (!numbers.attribute("w:start")) numbers.append_attribute("w:start");
   numbers.attribute("w:start").set_value("1");
@@ -82,7 +102,8 @@ void prepareSection(pugi::xml_node sectPr, bool restart) {
 
 pugi::xml_document parse(const std::string& bytes, const std::string& partName) {
   pugi::xml_document doc;
-  pugi::xml_parse_result r = doc.load_buffer(bytes.data(), bytes.size(), kParseFlags, pugi::encoding_utf8);
+  pugi::xml_parse_result r =
+      doc.load_buffer(bytes.data(), bytes.size(), kParseFlags, pugi::encoding_utf8);
   if (!r) {
     raise(ErrorNumber::kDocumentError,
           "part " + partName + " is not well-formed XML (" + r.description() + ")");
@@ -131,7 +152,9 @@ struct NotesTemplate {
     std::vector<pugi::xml_node> normal;
     long maxId = 0;
     for (pugi::xml_node n : root.children(element)) {
-      maxId = std::max(maxId, n.attribute("w:id").as_llong() > 0 ? static_cast<long>(n.attribute("w:id").as_llong()) : 0L);
+      maxId = std::max(maxId, n.attribute("w:id").as_llong() > 0
+                                  ? static_cast<long>(n.attribute("w:id").as_llong())
+                                  : 0L);
       std::string_view type = n.attribute("w:type").value();
       if (type.empty() || type == "normal") normal.push_back(n);
     }
@@ -195,16 +218,18 @@ std::string relId(size_t row, size_t k) {
 // A document without settings (some producers write none) gets an empty settings part.
 std::string addSettingsPart(Package& package) {
   std::string part = Package::resolveTarget(package.mainPart(), "settings.xml");
-  package.setBytes(part,
-                   "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\n"
-                   "<w:settings xmlns:w=\"http://schemas.openxmlformats.org/wordprocessingml/2006/main\" "
-                   "xmlns:r=\"http://schemas.openxmlformats.org/officeDocument/2006/relationships\"/>");
+  package.setBytes(
+      part,
+      "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\n"
+      "<w:settings xmlns:w=\"http://schemas.openxmlformats.org/wordprocessingml/2006/main\" "
+      "xmlns:r=\"http://schemas.openxmlformats.org/officeDocument/2006/relationships\"/>");
   package.setContentTypeOverride(part, kTypeSettings);
   std::string relsName = Package::relsPartOf(package.mainPart());
   if (!package.has(relsName)) {
-    package.setBytes(relsName,
-                     "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\n"
-                     "<Relationships xmlns=\"http://schemas.openxmlformats.org/package/2006/relationships\"/>");
+    package.setBytes(
+        relsName,
+        "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\n"
+        "<Relationships xmlns=\"http://schemas.openxmlformats.org/package/2006/relationships\"/>");
   }
   pugi::xml_node rel = package.xml(relsName).document_element().append_child("Relationship");
   rel.append_attribute("Id").set_value("rIdSettings");
@@ -248,7 +273,8 @@ std::optional<MailMergeLink> readMailMergeLink(Package& package) {
   if (from != std::string::npos) {
     std::string name = query.substr(from + 5);
     while (!name.empty() && (name.back() == ' ' || name.back() == ';')) name.pop_back();
-    if (name.size() >= 2 && name.front() == '`' && name.back() == '`') name = name.substr(1, name.size() - 2);
+    if (name.size() >= 2 && name.front() == '`' && name.back() == '`')
+      name = name.substr(1, name.size() - 2);
     if (std::string_view(mm.child("w:dataType").attribute("w:val").value()) != "textFile") {
       link.table = name;
     }
@@ -270,19 +296,21 @@ void writeMailMergeLink(Package& package, const MailMergeLink& link) {
     for (pugi::xml_node c : settings.children()) {
       if (comesBeforeMailMerge(c)) after = c;
     }
-    mm = after ? settings.insert_child_after("w:mailMerge", after) : settings.prepend_child("w:mailMerge");
+    mm = after ? settings.insert_child_after("w:mailMerge", after)
+               : settings.prepend_child("w:mailMerge");
   }
   // The children this link owns are rewritten; the others (doNotSuppressBlankLines,
   // destination...) keep their place after them.
-  for (const char* name : {"w:mainDocumentType", "w:linkToQuery", "w:dataType",
-                           "w:connectString", "w:query", "w:dataSource"}) {
+  for (const char* name : {"w:mainDocumentType", "w:linkToQuery", "w:dataType", "w:connectString",
+                           "w:query", "w:dataSource"}) {
     while (pugi::xml_node c = mm.child(name)) mm.remove_child(c);
   }
   std::string relsName = Package::relsPartOf(part);
   if (!package.has(relsName)) {
-    package.setBytes(relsName,
-                     "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\n"
-                     "<Relationships xmlns=\"http://schemas.openxmlformats.org/package/2006/relationships\"/>");
+    package.setBytes(
+        relsName,
+        "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\n"
+        "<Relationships xmlns=\"http://schemas.openxmlformats.org/package/2006/relationships\"/>");
   }
   pugi::xml_node rels = package.xml(relsName).document_element();
   for (pugi::xml_node r = rels.first_child(); r;) {
@@ -307,7 +335,8 @@ void writeMailMergeLink(Package& package, const MailMergeLink& link) {
   add("w:dataType").append_attribute("w:val").set_value(csv ? "textFile" : "native");
   add("w:connectString")
       .append_attribute("w:val")
-      .set_value((csv ? std::string() : "Provider=SQLite;Data Source=" + link.sourcePath + ";").c_str());
+      .set_value(
+          (csv ? std::string() : "Provider=SQLite;Data Source=" + link.sourcePath + ";").c_str());
   add("w:query").append_attribute("w:val").set_value(
       ("SELECT * FROM " + (csv ? link.sourcePath : "`" + link.table + "`")).c_str());
   add("w:dataSource").append_attribute("r:id").set_value(id.c_str());
@@ -367,13 +396,13 @@ std::unique_ptr<Package> mergeDocument(Package& main, const MergeData& data) {
   FieldMarkup markup;
   markup.markFields(body, suppress);
   pugi::xml_node finalSect = body.last_child();
-  while (finalSect && finalSect.type() != pugi::node_element) finalSect = finalSect.previous_sibling();
+  while (finalSect && finalSect.type() != pugi::node_element)
+    finalSect = finalSect.previous_sibling();
   if (!finalSect || !named(finalSect, "w:sectPr")) {
     finalSect = body.append_child("w:sectPr");
   }
-  pugi::xml_node firstSect = body.find_node([](pugi::xml_node n) {
-    return named(n, "w:sectPr") && named(n.parent(), "w:pPr");
-  });
+  pugi::xml_node firstSect = body.find_node(
+      [](pugi::xml_node n) { return named(n, "w:sectPr") && named(n.parent(), "w:pPr"); });
   prepareSection(finalSect, !firstSect);
   if (firstSect) prepareSection(firstSect, true);
   // Each copy's drawing and bookmark ids move past the previous copy's.
@@ -424,7 +453,8 @@ std::unique_ptr<Package> mergeDocument(Package& main, const MergeData& data) {
       if (rel.external) continue;
       std::string part = Package::resolveTarget(mainPart, rel.target);
       if (rel.type == kRelFootnotes) {
-        haveFootnotes = footnotes.load(main, part, "w:footnote", RefKind::kFootnote, suppress, data);
+        haveFootnotes =
+            footnotes.load(main, part, "w:footnote", RefKind::kFootnote, suppress, data);
       } else if (rel.type == kRelEndnotes) {
         haveEndnotes = endnotes.load(main, part, "w:endnote", RefKind::kEndnote, suppress, data);
       }
@@ -443,10 +473,14 @@ std::unique_ptr<Package> mergeDocument(Package& main, const MergeData& data) {
         auto it = perRowHeader.find(original);
         return it == perRowHeader.end() ? original : relId(row, it->second);
       }
-      case RefKind::kFootnote: return haveFootnotes ? footnotes.idFor(original, row) : original;
-      case RefKind::kEndnote: return haveEndnotes ? endnotes.idFor(original, row) : original;
-      case RefKind::kDrawing: return shifted(original, row, drawingStride);
-      case RefKind::kBookmark: return shifted(original, row, bookmarkStride);
+      case RefKind::kFootnote:
+        return haveFootnotes ? footnotes.idFor(original, row) : original;
+      case RefKind::kEndnote:
+        return haveEndnotes ? endnotes.idFor(original, row) : original;
+      case RefKind::kDrawing:
+        return shifted(original, row, drawingStride);
+      case RefKind::kBookmark:
+        return shifted(original, row, bookmarkStride);
     }
     return original;
   };
@@ -491,7 +525,8 @@ std::unique_ptr<Package> mergeDocument(Package& main, const MergeData& data) {
       rel.append_attribute("Target").set_value(name.substr(5).c_str());
     }
     for (NotesTemplate* notes : {&footnotes, &endnotes}) {
-      if ((notes == &footnotes && !haveFootnotes) || (notes == &endnotes && !haveEndnotes)) continue;
+      if ((notes == &footnotes && !haveFootnotes) || (notes == &endnotes && !haveEndnotes))
+        continue;
       noteValues.fill(notes->markup.slots(), notes->columns, &record);
       renderXml(notes->out, notes->notes, noteValues, notes->markup.groups(), resolve);
     }

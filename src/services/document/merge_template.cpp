@@ -146,12 +146,34 @@ std::string runPropertiesOf(pugi::xml_node run) {
 
 // Elements that make a paragraph more than its merge fields.
 bool isContent(pugi::xml_node n) {
-  static const std::unordered_set<std::string_view> kContent = {
-      "w:tab", "w:br", "w:cr", "w:drawing", "w:pict", "w:object", "w:sym", "w:fldChar",
-      "w:instrText", "w:fldSimple", "w:footnoteReference", "w:endnoteReference", "w:ptab",
-      "w:noBreakHyphen", "w:softHyphen", "w:dayShort", "w:monthShort", "w:yearShort",
-      "w:dayLong", "w:monthLong", "w:yearLong", "w:pgNum", "w:separator",
-      "mc:AlternateContent", "w:sectPr", "m:oMath", "m:oMathPara", "w:commentReference"};
+  static const std::unordered_set<std::string_view> kContent = {"w:tab",
+                                                                "w:br",
+                                                                "w:cr",
+                                                                "w:drawing",
+                                                                "w:pict",
+                                                                "w:object",
+                                                                "w:sym",
+                                                                "w:fldChar",
+                                                                "w:instrText",
+                                                                "w:fldSimple",
+                                                                "w:footnoteReference",
+                                                                "w:endnoteReference",
+                                                                "w:ptab",
+                                                                "w:noBreakHyphen",
+                                                                "w:softHyphen",
+                                                                "w:dayShort",
+                                                                "w:monthShort",
+                                                                "w:yearShort",
+                                                                "w:dayLong",
+                                                                "w:monthLong",
+                                                                "w:yearLong",
+                                                                "w:pgNum",
+                                                                "w:separator",
+                                                                "mc:AlternateContent",
+                                                                "w:sectPr",
+                                                                "m:oMath",
+                                                                "m:oMathPara",
+                                                                "w:commentReference"};
   if (named(n, "w:t")) return n.first_child() && *n.child_value() != '\0';
   return kContent.count(n.name()) > 0;
 }
@@ -215,8 +237,8 @@ void FieldMarkup::markComplexFields(pugi::xml_node root) {
     if (!code) continue;
     FieldSlot slot;
     slot.inInstruction = f.insideInstruction;
-    pugi::xml_node formatRun = code->charFormat() || !f.firstResultRun ? f.firstInstructionRun
-                                                                       : f.firstResultRun;
+    pugi::xml_node formatRun =
+        code->charFormat() || !f.firstResultRun ? f.firstInstructionRun : f.firstResultRun;
     if (!formatRun) formatRun = f.begin;
     slot.runProperties = runPropertiesOf(formatRun);
     slot.code = std::move(*code);
@@ -241,7 +263,8 @@ void FieldMarkup::markSimpleFields(pugi::xml_node root) {
     if (!code) continue;
     FieldSlot slot;
     slot.inInstruction = simpleInInstruction_.count(n.internal_object()) > 0;
-    slot.runProperties = runPropertiesOf(n.find_node([](pugi::xml_node c) { return named(c, "w:r"); }));
+    slot.runProperties =
+        runPropertiesOf(n.find_node([](pugi::xml_node c) { return named(c, "w:r"); }));
     slot.code = std::move(*code);
     addSlot(std::move(slot), n);
     n.parent().remove_child(n);
@@ -287,17 +310,24 @@ void FieldMarkup::markReferences(pugi::xml_node root) {
       std::string value = std::string(kRefPrefix) + std::string(kind) + ":" + a.value();
       a.set_value(value.c_str());
     };
-    if (named(n, "w:headerReference") || named(n, "w:footerReference")) mark("r:id", "rel");
-    else if (named(n, "w:footnoteReference")) mark("w:id", "fn");
-    else if (named(n, "w:endnoteReference")) mark("w:id", "en");
-    else if (named(n, "wp:docPr")) mark("id", "dp");
-    else if (named(n, "w:bookmarkStart") || named(n, "w:bookmarkEnd")) mark("w:id", "bm");
+    if (named(n, "w:headerReference") || named(n, "w:footerReference"))
+      mark("r:id", "rel");
+    else if (named(n, "w:footnoteReference"))
+      mark("w:id", "fn");
+    else if (named(n, "w:endnoteReference"))
+      mark("w:id", "en");
+    else if (named(n, "wp:docPr"))
+      mark("id", "dp");
+    else if (named(n, "w:bookmarkStart") || named(n, "w:bookmarkEnd"))
+      mark("w:id", "bm");
   });
 }
 
 void insertSplitMarker(pugi::xml_node parent, pugi::xml_node before) {
-  if (before) parent.insert_child_before(kSplitElement, before);
-  else parent.append_child(kSplitElement);
+  if (before)
+    parent.insert_child_before(kSplitElement, before);
+  else
+    parent.append_child(kSplitElement);
 }
 
 std::pair<std::string, std::string> splitAtMarker(std::string_view xml) {
@@ -315,7 +345,8 @@ CompiledXml compileXml(std::string_view xml) {
     if (!out.ops.empty() && out.ops.back().kind == CompiledXml::OpKind::kText) {
       out.ops.back().text.append(chunk);
     } else {
-      out.ops.push_back({CompiledXml::OpKind::kText, RefKind::kRelationship, 0, std::string(chunk)});
+      out.ops.push_back(
+          {CompiledXml::OpKind::kText, RefKind::kRelationship, 0, std::string(chunk)});
     }
   };
   size_t pos = 0;
@@ -333,19 +364,24 @@ CompiledXml compileXml(std::string_view xml) {
       std::string_view tag = xml.substr(next + 1, end - next - 1);
       auto number = [&] {
         size_t q = tag.find('"');
-        return q == std::string_view::npos ? 0u
-                                           : static_cast<uint32_t>(std::stoul(std::string(tag.substr(q + 1))));
+        return q == std::string_view::npos
+                   ? 0u
+                   : static_cast<uint32_t>(std::stoul(std::string(tag.substr(q + 1))));
       };
       CompiledXml::Op op{};
-      if (tag.rfind(kGroupEndElement, 0) == 0) op.kind = CompiledXml::OpKind::kGroupEnd;
-      else if (tag.rfind(kGroupElement, 0) == 0) op.kind = CompiledXml::OpKind::kGroupBegin, op.index = number();
-      else op.kind = CompiledXml::OpKind::kSlot, op.index = number();
+      if (tag.rfind(kGroupEndElement, 0) == 0)
+        op.kind = CompiledXml::OpKind::kGroupEnd;
+      else if (tag.rfind(kGroupElement, 0) == 0)
+        op.kind = CompiledXml::OpKind::kGroupBegin, op.index = number();
+      else
+        op.kind = CompiledXml::OpKind::kSlot, op.index = number();
       out.ops.push_back(std::move(op));
       pos = end + 1;
     } else {
       size_t colon = xml.find(':', next);
       size_t quote = xml.find('"', colon);
-      std::string_view kind = xml.substr(next + kRefPrefix.size(), colon - next - kRefPrefix.size());
+      std::string_view kind =
+          xml.substr(next + kRefPrefix.size(), colon - next - kRefPrefix.size());
       CompiledXml::Op op{};
       op.kind = CompiledXml::OpKind::kRef;
       op.refKind = kind == "fn"   ? RefKind::kFootnote
@@ -364,7 +400,8 @@ CompiledXml compileXml(std::string_view xml) {
 void appendRuns(std::string& out, std::string_view runProperties, std::string_view text,
                 bool asInstruction) {
   if (text.empty()) return;
-  const char* open = asInstruction ? "<w:instrText xml:space=\"preserve\">" : "<w:t xml:space=\"preserve\">";
+  const char* open =
+      asInstruction ? "<w:instrText xml:space=\"preserve\">" : "<w:t xml:space=\"preserve\">";
   const char* close = asInstruction ? "</w:instrText>" : "</w:t>";
   out += "<w:r>";
   out += runProperties;
@@ -383,9 +420,15 @@ void appendRuns(std::string& out, std::string_view runProperties, std::string_vi
     }
     if (!inText) out += open, inText = true;
     switch (c) {
-      case '&': out += "&amp;"; break;
-      case '<': out += "&lt;"; break;
-      case '>': out += "&gt;"; break;
+      case '&':
+        out += "&amp;";
+        break;
+      case '<':
+        out += "&lt;";
+        break;
+      case '>':
+        out += "&gt;";
+        break;
       default:
         // Other control characters are not allowed in XML text.
         if (static_cast<unsigned char>(c) >= 0x20) out += c;
@@ -408,7 +451,8 @@ void RecordValues::fill(const std::vector<FieldSlot>& slots,
       continue;
     }
     const Variant& value = row ? (*row)[*columns[i]] : kEmpty;
-    appendRuns(runs_[i], slot.runProperties, formatMergeValue(slot.code, value), slot.inInstruction);
+    appendRuns(runs_[i], slot.runProperties, formatMergeValue(slot.code, value),
+               slot.inInstruction);
   }
 }
 
@@ -419,14 +463,21 @@ void renderXml(std::string& out, const CompiledXml& xml, const RecordValues& val
   for (size_t i = 0; i < ops.size(); ++i) {
     const auto& op = ops[i];
     switch (op.kind) {
-      case CompiledXml::OpKind::kText: out += op.text; break;
-      case CompiledXml::OpKind::kSlot: out += values.runs(op.index); break;
-      case CompiledXml::OpKind::kGroupEnd: break;
-      case CompiledXml::OpKind::kRef: out += resolve(op.refKind, op.text); break;
+      case CompiledXml::OpKind::kText:
+        out += op.text;
+        break;
+      case CompiledXml::OpKind::kSlot:
+        out += values.runs(op.index);
+        break;
+      case CompiledXml::OpKind::kGroupEnd:
+        break;
+      case CompiledXml::OpKind::kRef:
+        out += resolve(op.refKind, op.text);
+        break;
       case CompiledXml::OpKind::kGroupBegin: {
         const auto& slots = groups[op.index].slots;
-        bool blank = std::all_of(slots.begin(), slots.end(),
-                                 [&](uint32_t s) { return values.empty(s); });
+        bool blank =
+            std::all_of(slots.begin(), slots.end(), [&](uint32_t s) { return values.empty(s); });
         if (blank) {
           while (i + 1 < ops.size() && ops[i + 1].kind != CompiledXml::OpKind::kGroupEnd) ++i;
         }

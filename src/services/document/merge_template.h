@@ -3,11 +3,10 @@
 // and values, never by copying or re-parsing a tree.
 #pragma once
 
-#include <pugixml.hpp>
-
 #include <cstdint>
 #include <functional>
 #include <optional>
+#include <pugixml.hpp>
 #include <string>
 #include <string_view>
 #include <unordered_set>
@@ -21,7 +20,7 @@ namespace nvwm::document {
 // One merge field of a part.
 struct FieldSlot {
   MergeFieldCode code;
-  std::string runProperties;  // the w:rPr the result runs take (serialized), may be empty
+  std::string runProperties;   // the w:rPr the result runs take (serialized), may be empty
   bool inInstruction = false;  // stands inside another field's instruction
 };
 

@@ -149,8 +149,8 @@ std::unique_ptr<Package> Package::load(const std::string& path) {
     std::string data(static_cast<size_t>(st.size), '\0');
     zip_file_t* file = zip_fopen_index(zip.get(), i, 0);
     if (!file) {
-      raise(ErrorNumber::kDocumentError, "'" + path + "': cannot read part " + name + " (" +
-                                             zip_strerror(zip.get()) + ")");
+      raise(ErrorNumber::kDocumentError,
+            "'" + path + "': cannot read part " + name + " (" + zip_strerror(zip.get()) + ")");
     }
     zip_int64_t got = data.empty() ? 0 : zip_fread(file, data.data(), data.size());
     zip_fclose(file);
@@ -304,8 +304,8 @@ void Package::remove(std::string_view name) {
   Part* part = find(name);
   if (!part) return;
   byName_.erase(part->name);
-  parts_.erase(std::find_if(parts_.begin(), parts_.end(),
-                            [&](const auto& p) { return p.get() == part; }));
+  parts_.erase(
+      std::find_if(parts_.begin(), parts_.end(), [&](const auto& p) { return p.get() == part; }));
 }
 
 std::vector<std::string> Package::partNames() const {
@@ -317,7 +317,8 @@ std::vector<std::string> Package::partNames() const {
 std::string Package::relsPartOf(std::string_view partName) {
   if (partName.empty()) return "_rels/.rels";
   size_t slash = partName.rfind('/');
-  std::string folder = slash == std::string_view::npos ? "" : std::string(partName.substr(0, slash + 1));
+  std::string folder =
+      slash == std::string_view::npos ? "" : std::string(partName.substr(0, slash + 1));
   std::string file(slash == std::string_view::npos ? partName : partName.substr(slash + 1));
   return folder + "_rels/" + file + ".rels";
 }
@@ -328,7 +329,8 @@ std::string Package::resolveTarget(std::string_view sourcePart, std::string_view
     path = std::string(target.substr(1));
   } else {
     size_t slash = sourcePart.rfind('/');
-    path = (slash == std::string_view::npos ? std::string() : std::string(sourcePart.substr(0, slash + 1))) +
+    path = (slash == std::string_view::npos ? std::string()
+                                            : std::string(sourcePart.substr(0, slash + 1))) +
            std::string(target);
   }
   // Fold "a/../" and "./" segments.

@@ -5,9 +5,8 @@
 // written back byte for byte, so unknown parts travel through untouched.
 #pragma once
 
-#include <pugixml.hpp>
-
 #include <memory>
+#include <pugixml.hpp>
 #include <string>
 #include <string_view>
 #include <unordered_map>

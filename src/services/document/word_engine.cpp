@@ -38,10 +38,10 @@ namespace {
 namespace fs = std::filesystem;
 
 // Word's own error numbers for these cases.
-constexpr int32_t kObjectDeleted = 5825;        // "Object has been deleted."
-constexpr int32_t kNotMainDocument = 4605;      // "This method or property is not available..."
-constexpr int32_t kServerUnavailable = 462;     // the application has quit
-constexpr int32_t kCannotCreateObject = 429;    // "ActiveX component can't create object"
+constexpr int32_t kObjectDeleted = 5825;      // "Object has been deleted."
+constexpr int32_t kNotMainDocument = 4605;    // "This method or property is not available..."
+constexpr int32_t kServerUnavailable = 462;   // the application has quit
+constexpr int32_t kCannotCreateObject = 429;  // "ActiveX component can't create object"
 
 bool given(const Variant& v) { return !v.isMissing() && !v.isEmpty() && !v.isNull(); }
 
@@ -90,7 +90,8 @@ struct ApplicationState {
   bool normalTemplateSaved = true;
 
   void checkRunning() const {
-    if (quit) raiseWith(kServerUnavailable, "The word processor has quit; create a new application");
+    if (quit)
+      raiseWith(kServerUnavailable, "The word processor has quit; create a new application");
   }
   void add(const std::shared_ptr<EngineDocument>& doc) {
     documents.push_back(doc);
@@ -103,7 +104,9 @@ class EngineDocument : public word::Document, public std::enable_shared_from_thi
  public:
   EngineDocument(std::shared_ptr<ApplicationState> app, std::unique_ptr<Package> package,
                  std::string name, std::string path)
-      : app_(std::move(app)), package_(std::move(package)), name_(std::move(name)),
+      : app_(std::move(app)),
+        package_(std::move(package)),
+        name_(std::move(name)),
         path_(std::move(path)) {}
 
   std::shared_ptr<word::MailMerge> MailMerge() override;
@@ -148,8 +151,8 @@ class EngineDocument : public word::Document, public std::enable_shared_from_thi
         command.push_back(std::to_string(CLng(Copies)));
       }
     }
-    fs::path temp = fs::temp_directory_path() /
-                    ("nvwm-print-" + std::to_string(::getpid()) + "-" + std::to_string(++printCount_) + ".docx");
+    fs::path temp = fs::temp_directory_path() / ("nvwm-print-" + std::to_string(::getpid()) + "-" +
+                                                 std::to_string(++printCount_) + ".docx");
     package_->save(temp.string());
     command.push_back(temp.string());
     std::vector<char*> argv;
@@ -184,7 +187,7 @@ class EngineDocument : public word::Document, public std::enable_shared_from_thi
     } else {
       auto app = app_;
       std::string folder = app && !app->options.outputFolder.empty() ? app->options.outputFolder
-                                                                      : defaultOutputFolder();
+                                                                     : defaultOutputFolder();
       target = (fs::path(folder) / (name_ + ".docx")).string();
     }
     package_->save(target);
@@ -196,7 +199,8 @@ class EngineDocument : public word::Document, public std::enable_shared_from_thi
   int32_t mergeState() {
     live();
     if (data_) return static_cast<int32_t>(word::MailMergeState::kMainAndDataSource);
-    if (isMainDocument(*package_)) return static_cast<int32_t>(word::MailMergeState::kMainDocumentOnly);
+    if (isMainDocument(*package_))
+      return static_cast<int32_t>(word::MailMergeState::kMainDocumentOnly);
     return static_cast<int32_t>(word::MailMergeState::kNormalDocument);
   }
 
@@ -231,7 +235,8 @@ class EngineDocument : public word::Document, public std::enable_shared_from_thi
     pugi::xml_node body = doc.document_element().child("w:body");
     if (!body) raise(ErrorNumber::kDocumentError, "the document has no body");
     if (!cursorParagraph_) {
-      cursorParagraph_ = body.find_node([](pugi::xml_node n) { return std::string_view(n.name()) == "w:p"; });
+      cursorParagraph_ =
+          body.find_node([](pugi::xml_node n) { return std::string_view(n.name()) == "w:p"; });
       if (!cursorParagraph_) cursorParagraph_ = body.prepend_child("w:p");
     }
     // The inserted text takes the formatting of the text it is put before.
@@ -244,7 +249,10 @@ class EngineDocument : public word::Document, public std::enable_shared_from_thi
     std::string xml;
     if (fieldCode) {
       xml = "<w:fldSimple w:instr=\"";
-      for (char c : *fieldCode) xml += c == '"' ? std::string("&quot;") : c == '&' ? std::string("&amp;") : std::string(1, c);
+      for (char c : *fieldCode)
+        xml += c == '"'   ? std::string("&quot;")
+               : c == '&' ? std::string("&amp;")
+                          : std::string(1, c);
       xml += "\">";
       appendRuns(xml, rPr, text, false);
       xml += "</w:fldSimple>";
@@ -252,7 +260,9 @@ class EngineDocument : public word::Document, public std::enable_shared_from_thi
       appendRuns(xml, rPr, text, false);
     }
     pugi::xml_document fragment;
-    std::string wrapped = "<x xmlns:w=\"http://schemas.openxmlformats.org/wordprocessingml/2006/main\">" + xml + "</x>";
+    std::string wrapped =
+        "<x xmlns:w=\"http://schemas.openxmlformats.org/wordprocessingml/2006/main\">" + xml +
+        "</x>";
     fragment.load_buffer(wrapped.data(), wrapped.size(), kParseFlags);
     pugi::xml_node inserted = fragment.document_element().first_child();
     pugi::xml_node at;
@@ -288,8 +298,8 @@ class EngineDocument : public word::Document, public std::enable_shared_from_thi
  private:
   void live() const {
     if (closed_) {
-      raiseWith(kObjectDeleted, "Object has been deleted: the document \"" + name_ +
-                                    "\" is closed");
+      raiseWith(kObjectDeleted,
+                "Object has been deleted: the document \"" + name_ + "\" is closed");
     }
     if (auto app = app_) app->checkRunning();
   }
@@ -390,8 +400,8 @@ class EngineSelection : public word::Selection {
  public:
   explicit EngineSelection(std::shared_ptr<ApplicationState> app) : app_(std::move(app)) {}
 
-  void InsertDateTime(const Variant& DateTimeFormat, const Variant& InsertAsField,
-                      const Variant&, const Variant&, const Variant&) override {
+  void InsertDateTime(const Variant& DateTimeFormat, const Variant& InsertAsField, const Variant&,
+                      const Variant&, const Variant&) override {
     app_->checkRunning();
     auto doc = app_->active.lock();
     if (!doc) raiseWith(4248, "This command is not available because no document is open");
@@ -482,8 +492,9 @@ WordEngineOptions& wordEngineOptions() {
 
 std::shared_ptr<word::Application> createWordApplication(const WordEngineOptions& options) {
   if (options.failToStart) {
-    raiseWith(kCannotCreateObject, "ActiveX component can't create object: the word processor "
-                                   "could not be started");
+    raiseWith(kCannotCreateObject,
+              "ActiveX component can't create object: the word processor "
+              "could not be started");
   }
   return std::make_shared<EngineApplication>(options);
 }
