@@ -462,8 +462,12 @@ std::unique_ptr<Package> mergeDocument(Package& main, const MergeData& data) {
   }
 
   // The rows.
+  // The body is written in blocks of about a megabyte: no copy of what is written, and blocks
+  // small enough for the allocator to reuse instead of mapping fresh memory each time.
+  constexpr size_t kBlockSize = 1 << 20;
+  std::vector<std::string> blocks;
   std::string result;
-  result.reserve(prefix.size() + suffix.size() + content.size() + 4096);
+  result.reserve(kBlockSize + kBlockSize / 8);
   result += prefix;
   RecordValues values, noteValues, headerValues;
   size_t row = 0;
@@ -498,11 +502,10 @@ std::unique_ptr<Package> mergeDocument(Package& main, const MergeData& data) {
     } else {
       renderXml(result, sectXml, values, markup.groups(), resolve);
     }
-    if (row == 0 && rows > 1) {
-      // The first copy tells the size of the others: one allocation instead of a doubling
-      // series that would copy the output again and again.
-      size_t perRow = result.size() - prefix.size();
-      result.reserve(result.size() + suffix.size() + perRow * (rows - 1) * 11 / 10);
+    if (result.size() >= kBlockSize) {
+      blocks.push_back(std::move(result));
+      result = std::string();
+      result.reserve(kBlockSize + kBlockSize / 8);
     }
     for (size_t k = 0; k < headers.size(); ++k) {
       const HeaderTemplate& h = headers[k];
@@ -537,7 +540,8 @@ std::unique_ptr<Package> mergeDocument(Package& main, const MergeData& data) {
     renderXml(result, sectXml, values, markup.groups(), resolve);
   }
   result += suffix;
-  out->setBytes(mainPart, std::move(result));
+  blocks.push_back(std::move(result));
+  out->setFragments(mainPart, std::move(blocks));
 
   // The templates of per-row headers are no longer referenced.
   for (const HeaderTemplate& h : headers) {

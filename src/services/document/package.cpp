@@ -188,7 +188,11 @@ std::unique_ptr<Package> Package::blank() {
 std::unique_ptr<Package> Package::clone() const {
   auto copy = std::unique_ptr<Package>(new Package());
   for (const auto& part : parts_) {
-    copy->setBytes(part->name, part->dom ? serialize(*part->dom) : part->bytes);
+    if (!part->fragments.empty()) {
+      copy->setFragments(part->name, part->fragments);
+    } else {
+      copy->setBytes(part->name, part->dom ? serialize(*part->dom) : part->bytes);
+    }
   }
   copy->mainPart_ = mainPart_;
   return copy;
@@ -230,13 +234,25 @@ void Package::save(const std::string& path) {
   // Serialized trees must outlive zip_close, which is when libzip reads the buffers.
   std::vector<std::string> serialized;
   serialized.reserve(parts_.size());
+  std::vector<std::vector<zip_buffer_fragment_t>> pieces;
+  pieces.reserve(parts_.size());
   for (const auto& part : parts_) {
     const std::string* data = &part->bytes;
     if (part->dom) {
       serialized.push_back(serialize(*part->dom));
       data = &serialized.back();
     }
-    zip_source_t* source = zip_source_buffer(zip, data->data(), data->size(), 0);
+    zip_source_t* source = nullptr;
+    if (!part->fragments.empty()) {
+      pieces.emplace_back();
+      for (const auto& f : part->fragments) {
+        pieces.back().push_back({reinterpret_cast<zip_uint8_t*>(const_cast<char*>(f.data())),
+                                 static_cast<zip_uint64_t>(f.size())});
+      }
+      source = zip_source_buffer_fragment(zip, pieces.back().data(), pieces.back().size(), 0);
+    } else {
+      source = zip_source_buffer(zip, data->data(), data->size(), 0);
+    }
     if (!source || zip_file_add(zip, part->name.c_str(), source, ZIP_FL_ENC_UTF_8) < 0) {
       if (source) zip_source_free(source);
       std::string why = zip_strerror(zip);
@@ -267,13 +283,27 @@ bool Package::has(std::string_view name) const { return find(name) != nullptr; }
 std::string Package::bytes(std::string_view name) const {
   const Part* part = find(name);
   if (!part) raise(ErrorNumber::kDocumentError, "the document has no part " + std::string(name));
-  return part->dom ? serialize(*part->dom) : part->bytes;
+  return part->dom ? serialize(*part->dom) : joined(*part);
+}
+
+std::string Package::joined(const Part& part) {
+  if (part.fragments.empty()) return part.bytes;
+  size_t size = 0;
+  for (const auto& f : part.fragments) size += f.size();
+  std::string all;
+  all.reserve(size);
+  for (const auto& f : part.fragments) all += f;
+  return all;
 }
 
 pugi::xml_document& Package::xml(std::string_view name) {
   Part* part = find(name);
   if (!part) raise(ErrorNumber::kDocumentError, "the document has no part " + std::string(name));
   if (!part->dom) {
+    if (!part->fragments.empty()) {
+      part->bytes = joined(*part);
+      part->fragments.clear();
+    }
     auto dom = std::make_unique<pugi::xml_document>();
     pugi::xml_parse_result result =
         dom->load_buffer(part->bytes.data(), part->bytes.size(), kParseFlags, pugi::encoding_utf8);
@@ -297,7 +327,13 @@ void Package::setBytes(std::string_view name, std::string bytes) {
     byName_[part->name] = part;
   }
   part->bytes = std::move(bytes);
+  part->fragments.clear();
   part->dom.reset();
+}
+
+void Package::setFragments(std::string_view name, std::vector<std::string> fragments) {
+  setBytes(name, std::string());
+  find(name)->fragments = std::move(fragments);
 }
 
 void Package::remove(std::string_view name) {

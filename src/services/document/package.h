@@ -76,6 +76,9 @@ class Package {
   pugi::xml_document& xml(std::string_view name);
   // Adds or replaces a part (dropping any tree).
   void setBytes(std::string_view name, std::string bytes);
+  // Same, with the bytes in pieces that are written one after the other: a merged body of
+  // many megabytes is kept in blocks that the allocator can reuse, not in one buffer.
+  void setFragments(std::string_view name, std::vector<std::string> fragments);
   void remove(std::string_view name);
   std::vector<std::string> partNames() const;
 
@@ -98,8 +101,10 @@ class Package {
   struct Part {
     std::string name;
     std::string bytes;
+    std::vector<std::string> fragments;  // when not empty, the bytes are these, in order
     std::unique_ptr<pugi::xml_document> dom;
   };
+  static std::string joined(const Part& part);
   Part* find(std::string_view name);
   const Part* find(std::string_view name) const;
   void locateMainPart();
