@@ -34,6 +34,13 @@ TEST(DataSourceTest, SqliteColumnsComeInOrderWithTheirDeclaredTypes) {
   EXPECT_FALSE(data.column("Missing"));
 }
 
+TEST(DataSourceTest, ColumnNamesMatchWhateverTheirCase) {
+  MergeData data({"Société Name", "City"}, {});
+  EXPECT_EQ(data.column("SOCIÉTÉ NAME"), 0u);
+  EXPECT_EQ(data.column("city"), 1u);
+  EXPECT_FALSE(data.column("Société"));
+}
+
 TEST(DataSourceTest, ConnectionTextsNameTheTable) {
   const struct {
     const char* connection;

@@ -145,10 +145,5 @@ TEST(MergeValueTest, SwitchesApplyInWordsOrder) {
   }
 }
 
-TEST(MergeValueTest, NamesFoldCaseOverUnicode) {
-  EXPECT_EQ(foldName("SOCIÉTÉ Name"), foldName("société name"));
-  EXPECT_NE(foldName("Name1"), foldName("Name2"));
-}
-
 }  // namespace
 }  // namespace nvwm::document

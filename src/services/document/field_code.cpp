@@ -484,10 +484,4 @@ std::string firstCapText(std::string_view text) {
   return toUtf8(u);
 }
 
-std::string foldName(std::string_view name) {
-  icu::UnicodeString u = toUnicode(name);
-  u.foldCase();
-  return toUtf8(u);
-}
-
 }  // namespace nvwm::document

@@ -59,7 +59,4 @@ std::string toLowerText(std::string_view text);
 std::string capsText(std::string_view text);      // Caps: each word's first letter up
 std::string firstCapText(std::string_view text);  // FirstCap: the first letter up
 
-// Case-folded form of a name, for case-insensitive lookups (Unicode folding).
-std::string foldName(std::string_view name);
-
 }  // namespace nvwm::document
