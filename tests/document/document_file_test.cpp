@@ -145,6 +145,25 @@ TEST_F(DocumentFileTest, AFileWithAnotherProcesssFcntlLockIsRefused) {
   EXPECT_TRUE(app_->Documents()->Open(Variant(path)));
 }
 
+TEST_F(DocumentFileTest, AddFromATemplateMakesADocumentWithItsContent) {
+  std::string templatePath = dir_.file("letter.dotx");
+  writeDocxBody(para(run("Letterhead")), templatePath);
+  {
+    auto t = document::Package::load(templatePath);
+    t->setContentTypeOverride(
+        "word/document.xml",
+        "application/vnd.openxmlformats-officedocument.wordprocessingml.template.main+xml");
+    t->save(templatePath);
+  }
+  auto doc = app_->Documents()->Add(Variant(templatePath));
+  std::string out = dir_.file("new.docx");
+  doc->SaveAs(Variant(out));
+  EXPECT_EQ(dumpBody(*loadPart(out, "word/document.xml")), "Letterhead\n");
+  EXPECT_EQ(xpathText(*loadPart(out, "[Content_Types].xml"),
+                      "//Override[@PartName='/word/document.xml']/@ContentType"),
+            "application/vnd.openxmlformats-officedocument.wordprocessingml.document.main+xml");
+}
+
 TEST_F(DocumentFileTest, SaveAsIntoAMissingFolderLeavesNoFile) {
   auto doc = app_->Documents()->Add();
   EXPECT_RUNTIME_ERROR(doc->SaveAs(Variant(dir_.file("nowhere/x.docx"))), 76);

@@ -31,6 +31,8 @@ inline constexpr std::string_view kRelMailMergeSource =
     "http://schemas.openxmlformats.org/officeDocument/2006/relationships/mailMergeSource";
 inline constexpr std::string_view kRelRecipientData =
     "http://schemas.openxmlformats.org/officeDocument/2006/relationships/recipientData";
+inline constexpr std::string_view kTypeDocumentMain =
+    "application/vnd.openxmlformats-officedocument.wordprocessingml.document.main+xml";
 inline constexpr std::string_view kTypeHeader =
     "application/vnd.openxmlformats-officedocument.wordprocessingml.header+xml";
 inline constexpr std::string_view kTypeFooter =

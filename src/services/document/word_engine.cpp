@@ -363,8 +363,12 @@ class EngineDocuments : public word::Documents {
   std::shared_ptr<word::Document> Add(const Variant& Template, const Variant&, const Variant&,
                                       const Variant&) override {
     app_->checkRunning();
-    std::unique_ptr<Package> package =
-        given(Template) ? Package::load(CStr(Template)) : Package::blank();
+    std::unique_ptr<Package> package = Package::blank();
+    if (given(Template)) {
+      // A new document from a template (.dotx or .docx) is a document, not a template.
+      package = Package::load(CStr(Template));
+      package->setContentTypeOverride(package->mainPart(), kTypeDocumentMain);
+    }
     auto doc = std::make_shared<EngineDocument>(
         app_, std::move(package), "Document" + std::to_string(++app_->newDocumentCount), "");
     app_->add(doc);
