@@ -4,6 +4,7 @@
 #include <sqlite3.h>
 
 #include <fstream>
+#include <set>
 #include <sstream>
 
 namespace nvwm::testing {
@@ -147,6 +148,37 @@ std::string xpathText(const pugi::xml_node& root, const std::string& xpath) {
   pugi::xpath_node n = root.select_node(xpath.c_str());
   if (n.attribute()) return n.attribute().value();
   return n.node().text().get();
+}
+
+void expectConsistentPackage(const std::string& docxPath) {
+  auto package = document::Package::load(docxPath);
+  auto types = std::make_unique<pugi::xml_document>();
+  std::string typesXml = package->bytes("[Content_Types].xml");
+  ASSERT_TRUE(types->load_buffer(typesXml.data(), typesXml.size()));
+  for (const std::string& name : package->partNames()) {
+    SCOPED_TRACE(name);
+    if (name == "[Content_Types].xml") continue;
+    std::string extension = name.substr(name.rfind('.') + 1);
+    bool typed = countXPath(*types, "//Override[@PartName='/" + name + "']") == 1 ||
+                 countXPath(*types, "//Default[@Extension='" + extension + "']") == 1;
+    EXPECT_TRUE(typed) << "no content type";
+    if (extension != "xml" && extension != "rels") continue;
+    pugi::xml_document doc;
+    std::string bytes = package->bytes(name);
+    ASSERT_TRUE(doc.load_buffer(bytes.data(), bytes.size(), document::kParseFlags)) << "not XML";
+    if (extension == "rels") continue;
+    std::set<std::string> ids;
+    for (const auto& rel : package->relationships(name)) {
+      ids.insert(rel.id);
+      if (!rel.external) {
+        EXPECT_TRUE(package->has(document::Package::resolveTarget(name, rel.target)))
+            << "missing target " << rel.target;
+      }
+    }
+    for (auto a : doc.select_nodes("//@r:id | //@r:embed | //@r:link")) {
+      EXPECT_EQ(ids.count(a.attribute().value()), 1u) << "dangling " << a.attribute().value();
+    }
+  }
 }
 
 std::string dumpBody(const pugi::xml_node& root) {

@@ -47,6 +47,11 @@ std::string dumpBody(const pugi::xml_node& root);
 // Same for any part's root (headers, footnotes).
 std::string dumpParagraphs(const pugi::xml_node& root);
 
+// Checks what a word processor checks before it offers a repair: every part is well-formed
+// XML (but media), has a content type, every internal relationship target exists, and every
+// r:id used in a part is one of that part's relationships. Adds test failures.
+void expectConsistentPackage(const std::string& docxPath);
+
 // Common run XML.
 std::string run(const std::string& text, const std::string& rPr = "");
 std::string para(const std::string& runs, const std::string& pPr = "");

@@ -20,6 +20,7 @@ class MergeFieldsTest : public ::testing::Test {
     auto main = document::Package::load(path);
     auto merged = document::mergeDocument(*main, data);
     merged->save(dir_.file("merged.docx"));  // every merged package must save and re-open
+    expectConsistentPackage(dir_.file("merged.docx"));
     return document::Package::load(dir_.file("merged.docx"));
   }
   std::unique_ptr<pugi::xml_document> part(document::Package& p, const std::string& name) {

@@ -36,6 +36,7 @@ class MergeFilesTest : public ::testing::Test {
 
 TEST_F(MergeFilesTest, MergesEveryRecordAndTheOutputReopens) {
   EXPECT_EQ(document::mergeFiles(main_, db_, "Clients", out_), 3u);
+  expectConsistentPackage(out_);
   auto app = document::createWordApplication({});
   auto reopened = app->Documents()->Open(Variant(out_));
   EXPECT_EQ(reopened->MailMerge()->State(), 0);
