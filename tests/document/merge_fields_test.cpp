@@ -356,9 +356,16 @@ TEST_F(MergeFieldsTest, UnbalancedFieldCharactersAreLeftAlone) {
   EXPECT_EQ(mergedBody(body, oneRow_), "aAnn\n{ MERGEFIELD FirstName }b\n");
 }
 
-TEST_F(MergeFieldsTest, NoRecordsGiveAnEmptyDocument) {
+TEST_F(MergeFieldsTest, NoRecordsGiveAnEmptyDocumentWithoutFields) {
   MergeData data({"FirstName"}, {});
-  EXPECT_EQ(mergedBody(para(simpleField(" MERGEFIELD FirstName ")), data), "\n");
+  DocxSpec spec;
+  spec.body = para(simpleField(" MERGEFIELD FirstName "));
+  spec.headers["default"] = para(run("To ") + simpleField(" MERGEFIELD FirstName "));
+  auto merged = merge(spec, data);
+  EXPECT_EQ(dumpBody(*part(*merged, "word/document.xml")), "\n");
+  auto header = part(*merged, "word/header10.xml");
+  EXPECT_EQ(dumpParagraphs(header->document_element()), "To \n");
+  EXPECT_EQ(countXPath(*header, "//w:fldSimple"), 0u);
 }
 
 TEST_F(MergeFieldsTest, WhitespaceOnlyTextIsKeptExactly) {

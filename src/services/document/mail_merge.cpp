@@ -434,9 +434,18 @@ std::unique_ptr<Package> mergeDocument(Package& main, const MergeData& data) {
     pugi::xml_document hdoc = parse(main.bytes(part), part);
     h.markup.markFields(hdoc.document_element(), suppress);
     h.perRow = !h.markup.slots().empty() && rows > 0;
-    if (h.perRow) {
+    if (!h.markup.slots().empty()) {
       h.xml = compileXml(serialize(hdoc));
       h.columns = columnsOf(h.markup.slots(), data);
+    }
+    if (!h.markup.slots().empty() && rows == 0) {
+      // No record: the one header keeps its place, its fields empty, as in the body.
+      RecordValues empty;
+      empty.fill(h.markup.slots(), h.columns, nullptr);
+      std::string xml;
+      renderXml(xml, h.xml, empty, h.markup.groups(),
+                [](RefKind, const std::string& original) { return original; });
+      out->setBytes(part, std::move(xml));
     }
     headers.push_back(std::move(h));
   }
