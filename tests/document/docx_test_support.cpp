@@ -85,6 +85,7 @@ void writeDocx(const DocxSpec& spec, const std::string& path) {
                 spec.footnotes,
             "footnotes");
   }
+  if (!spec.comments.empty()) addPart("comments", "", spec.comments, "comments");
   rels.insert(rels.rfind("</Relationships>"), relEntries);
   package->setBytes("word/_rels/document.xml.rels", rels);
   package->setBytes(

@@ -21,6 +21,7 @@ struct DocxSpec {
   std::map<std::string, std::string> headers;  // "default"/"first"/"even" -> children of w:hdr
   std::map<std::string, std::string> footers;  // same, children of w:ftr
   std::string footnotes;                       // normal w:footnote elements (ids from 1)
+  std::string comments;                        // w:comment elements
   std::string settingsExtra;                   // children appended to w:settings
 };
 

@@ -334,6 +334,25 @@ TEST_F(MergeFieldsTest, FootnotesAreCopiedPerRecordWithTheirFields) {
   EXPECT_EQ(countXPath(*notes, "//w:footnote[@w:type='separator']"), 1u);
 }
 
+TEST_F(MergeFieldsTest, CommentsAreCopiedPerRecordWithTheirOwnIds) {
+  MergeData data({"FirstName"}, {{Variant("Ann")}, {Variant("Bob")}});
+  DocxSpec spec;
+  spec.body = para("<w:commentRangeStart w:id=\"0\"/>" + run("Check") +
+                   "<w:commentRangeEnd w:id=\"0\"/><w:r><w:commentReference w:id=\"0\"/></w:r>");
+  spec.comments = "<w:comment w:id=\"0\" w:author=\"A\">" +
+                  para(run("About ") + simpleField(" MERGEFIELD FirstName ")) + "</w:comment>";
+  auto merged = merge(spec, data);
+  auto doc = part(*merged, "word/document.xml");
+  auto comments = part(*merged, "word/comments10.xml");
+  std::string ids;
+  for (auto r : doc->select_nodes("//w:commentReference/@w:id"))
+    ids += r.attribute().value() + std::string(" ");
+  EXPECT_EQ(ids, "1 2 ");
+  EXPECT_EQ(countXPath(*doc, "//w:commentRangeStart[@w:id='2']"), 1u);
+  EXPECT_EQ(dumpParagraphs(comments->document_element()), "About Ann\nAbout Bob\n");
+  EXPECT_EQ(xpathText(*comments, "//w:comment[2]/@w:id"), "2");
+}
+
 TEST_F(MergeFieldsTest, OtherFieldsAndUnknownElementsTravelThrough) {
   std::string body = para(complexField({" PAGE "}, "1") + "<w14:custom w14:val=\"x\"/>" +
                           simpleField(" DATE \\@ \"yyyy\" ", "2020"));

@@ -11,7 +11,7 @@
 //             </w:pPr></w:p>
 // A header or footer with merge fields becomes one part per row, named by the relationship
 // ids "rIdMerge<row>h<k>" that the row's section properties use; one without fields is shared.
-// Footnotes and endnotes get new ids per row (a note can't be referenced twice).
+// Footnotes, endnotes and comments get new ids per row (one can't be referenced twice).
 #include "services/document/mail_merge.h"
 
 #include <cstdlib>
@@ -131,8 +131,9 @@ struct HeaderTemplate {
   bool perRow = false;
 };
 
-// Footnotes or endnotes: the part around the normal notes, and the notes themselves.
+// Footnotes, endnotes or comments: the part around the normal notes, and the notes themselves.
 struct NotesTemplate {
+  bool active = false;
   std::string part;
   std::string head, tail;
   FieldMarkup markup;
@@ -143,7 +144,7 @@ struct NotesTemplate {
   long count = 0;
   std::string out;
 
-  bool load(Package& main, const std::string& partName, const char* element, RefKind kind,
+  bool load(Package& main, const std::string& partName, const char* element, const char* marker,
             bool suppress, const MergeData& data) {
     if (partName.empty() || !main.has(partName)) return false;
     part = partName;
@@ -164,7 +165,7 @@ struct NotesTemplate {
     markup.markFields(root, suppress);
     FieldMarkup::markReferences(root);
     std::string body;
-    std::string prefix = kind == RefKind::kFootnote ? "fn:" : "en:";
+    std::string prefix = marker;
     for (pugi::xml_node n : normal) {
       std::string id = n.attribute("w:id").value();
       indexOf.emplace(id, static_cast<long>(indexOf.size()));
@@ -454,18 +455,18 @@ std::unique_ptr<Package> mergeDocument(Package& main, const MergeData& data) {
     if (headers[k].perRow) perRowHeader.emplace(headers[k].relId, k);
   }
 
-  // Footnotes and endnotes.
-  NotesTemplate footnotes, endnotes;
-  bool haveFootnotes = false, haveEndnotes = false;
+  // Footnotes, endnotes and comments, indexed by RefKind - kFootnote.
+  NotesTemplate notes[3];
   if (rows > 0) {
     for (const auto& rel : main.relationships(mainPart)) {
       if (rel.external) continue;
       std::string part = Package::resolveTarget(mainPart, rel.target);
       if (rel.type == kRelFootnotes) {
-        haveFootnotes =
-            footnotes.load(main, part, "w:footnote", RefKind::kFootnote, suppress, data);
+        notes[0].active = notes[0].load(main, part, "w:footnote", "fn:", suppress, data);
       } else if (rel.type == kRelEndnotes) {
-        haveEndnotes = endnotes.load(main, part, "w:endnote", RefKind::kEndnote, suppress, data);
+        notes[1].active = notes[1].load(main, part, "w:endnote", "en:", suppress, data);
+      } else if (rel.type == kRelComments) {
+        notes[2].active = notes[2].load(main, part, "w:comment", "cm:", suppress, data);
       }
     }
   }
@@ -487,9 +488,12 @@ std::unique_ptr<Package> mergeDocument(Package& main, const MergeData& data) {
         return it == perRowHeader.end() ? original : relId(row, it->second);
       }
       case RefKind::kFootnote:
-        return haveFootnotes ? footnotes.idFor(original, row) : original;
       case RefKind::kEndnote:
-        return haveEndnotes ? endnotes.idFor(original, row) : original;
+      case RefKind::kComment: {
+        const NotesTemplate& n =
+            notes[static_cast<int>(kind) - static_cast<int>(RefKind::kFootnote)];
+        return n.active ? n.idFor(original, row) : original;
+      }
       case RefKind::kDrawing:
         return shifted(original, row, drawingStride);
       case RefKind::kBookmark:
@@ -536,11 +540,10 @@ std::unique_ptr<Package> mergeDocument(Package& main, const MergeData& data) {
       rel.append_attribute("Type").set_value(h.relType.c_str());
       rel.append_attribute("Target").set_value(name.substr(5).c_str());
     }
-    for (NotesTemplate* notes : {&footnotes, &endnotes}) {
-      if ((notes == &footnotes && !haveFootnotes) || (notes == &endnotes && !haveEndnotes))
-        continue;
-      noteValues.fill(notes->markup.slots(), notes->columns, &record);
-      renderXml(notes->out, notes->notes, noteValues, notes->markup.groups(), resolve);
+    for (NotesTemplate& n : notes) {
+      if (!n.active) continue;
+      noteValues.fill(n.markup.slots(), n.columns, &record);
+      renderXml(n.out, n.notes, noteValues, n.markup.groups(), resolve);
     }
   }
   if (rows == 0) {
@@ -565,9 +568,8 @@ std::unique_ptr<Package> mergeDocument(Package& main, const MergeData& data) {
     out->remove(Package::relsPartOf(h.part));
     out->removeContentTypeOverride(h.part);
   }
-  for (NotesTemplate* notes : {&footnotes, &endnotes}) {
-    if ((notes == &footnotes && !haveFootnotes) || (notes == &endnotes && !haveEndnotes)) continue;
-    out->setBytes(notes->part, notes->head + notes->out + notes->tail);
+  for (NotesTemplate& n : notes) {
+    if (n.active) out->setBytes(n.part, n.head + n.out + n.tail);
   }
   return out;
 }

@@ -316,6 +316,9 @@ void FieldMarkup::markReferences(pugi::xml_node root) {
       mark("w:id", "fn");
     else if (named(n, "w:endnoteReference"))
       mark("w:id", "en");
+    else if (named(n, "w:commentReference") || named(n, "w:commentRangeStart") ||
+             named(n, "w:commentRangeEnd"))
+      mark("w:id", "cm");
     else if (named(n, "wp:docPr"))
       mark("id", "dp");
     else if (named(n, "w:bookmarkStart") || named(n, "w:bookmarkEnd"))
@@ -386,6 +389,7 @@ CompiledXml compileXml(std::string_view xml) {
       op.kind = CompiledXml::OpKind::kRef;
       op.refKind = kind == "fn"   ? RefKind::kFootnote
                    : kind == "en" ? RefKind::kEndnote
+                   : kind == "cm" ? RefKind::kComment
                    : kind == "dp" ? RefKind::kDrawing
                    : kind == "bm" ? RefKind::kBookmark
                                   : RefKind::kRelationship;

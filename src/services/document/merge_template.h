@@ -27,7 +27,14 @@ struct FieldSlot {
 // The kinds of reference that a record's copy renumbers: relationship ids of headers and
 // footers, note ids, and the ids that must stay unique in a document (drawing wp:docPr ids,
 // bookmark ids).
-enum class RefKind : uint8_t { kRelationship, kFootnote, kEndnote, kDrawing, kBookmark };
+enum class RefKind : uint8_t {
+  kRelationship,
+  kFootnote,  // kFootnote, kEndnote and kComment stay together, in this order
+  kEndnote,
+  kComment,
+  kDrawing,
+  kBookmark,
+};
 
 // A compiled stretch of XML.
 struct CompiledXml {

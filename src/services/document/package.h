@@ -25,6 +25,8 @@ inline constexpr std::string_view kRelFootnotes =
     "http://schemas.openxmlformats.org/officeDocument/2006/relationships/footnotes";
 inline constexpr std::string_view kRelEndnotes =
     "http://schemas.openxmlformats.org/officeDocument/2006/relationships/endnotes";
+inline constexpr std::string_view kRelComments =
+    "http://schemas.openxmlformats.org/officeDocument/2006/relationships/comments";
 inline constexpr std::string_view kRelSettings =
     "http://schemas.openxmlformats.org/officeDocument/2006/relationships/settings";
 inline constexpr std::string_view kRelMailMergeSource =
