@@ -23,12 +23,15 @@ class DocumentFileTest : public ::testing::Test {
   std::shared_ptr<word::Application> app_ = document::createWordApplication({});
   TempDir dir_;
 
-  void writeZip(const std::string& path, const std::string& entry, const std::string& content) {
+  void writeZip(const std::string& path,
+                const std::vector<std::pair<std::string, std::string>>& entries) {
     int error = 0;
     zip_t* z = zip_open(path.c_str(), ZIP_CREATE | ZIP_TRUNCATE, &error);
     ASSERT_TRUE(z);
-    zip_source_t* s = zip_source_buffer(z, content.data(), content.size(), 0);
-    zip_file_add(z, entry.c_str(), s, 0);
+    for (const auto& [name, content] : entries) {
+      zip_source_t* s = zip_source_buffer(z, content.data(), content.size(), 0);
+      zip_file_add(z, name.c_str(), s, 0);
+    }
     ASSERT_EQ(zip_close(z), 0);
   }
   // No file but the expected ones in the temporary folder (no temporary leftovers).
@@ -71,17 +74,18 @@ TEST_F(DocumentFileTest, OpenKeepsWhitespaceAndUnknownPartsThroughASave) {
 
 TEST_F(DocumentFileTest, BadFilesRaiseAndLeaveNothingOpen) {
   writeFile(dir_.file("text.docx"), "this is not a zip");
-  writeZip(dir_.file("other.zip"), "readme.txt", "hello");
-  writeZip(dir_.file("noBody.docx"), "[Content_Types].xml", "<Types/>");
+  writeZip(dir_.file("other.zip"), {{"readme.txt", "hello"}});
+  writeZip(dir_.file("noBody.docx"), {{"[Content_Types].xml", "<Types/>"}});
+  writeZip(dir_.file("badXml.docx"),
+           {{"[Content_Types].xml", "<Types/>"}, {"word/document.xml", "<w:document><w:body>"}});
   const struct {
     const char* file;
     int32_t error;
     const char* says;
   } cases[] = {
-      {"missing.docx", 53, "does not exist"},
-      {"text.docx", 4198, "not a .docx"},
-      {"other.zip", 4198, "not a .docx"},
-      {"noBody.docx", 4198, "word/document.xml"},
+      {"missing.docx", 53, "does not exist"},       {"text.docx", 4198, "not a .docx"},
+      {"other.zip", 4198, "not a .docx"},           {"noBody.docx", 4198, "word/document.xml"},
+      {"badXml.docx", 4198, "not well-formed XML"},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.file);
