@@ -11,7 +11,10 @@
 //             </w:pPr></w:p>
 // A header or footer with merge fields becomes one part per row, named by the relationship
 // ids "rIdMerge<row>h<k>" that the row's section properties use; one without fields is shared.
-// Footnotes, endnotes and comments get new ids per row (one can't be referenced twice).
+// Footnotes, endnotes and comments get new ids per row (one can't be referenced twice), and
+// drawing and bookmark ids move on by a stride per row so that they stay unique.
+// With no rows the body is one empty paragraph and the fields of headers and footers empty.
+// The body is kept in blocks (Package::setFragments), written to the zip one after the other.
 #include "services/document/mail_merge.h"
 
 #include <cstdlib>
