@@ -15,11 +15,11 @@ TEST(DataSourceTest, SqliteColumnsComeInOrderWithTheirDeclaredTypes) {
   TempDir dir;
   std::string db = dir.file("source.db");
   execSqlite(db, R"(CREATE TABLE T (Zeta TEXT, Alpha INTEGER, Amount REAL, Due DATETIME,
-                                    Active BOOLEAN, Big INTEGER, Empty TEXT);
-                    INSERT INTO T VALUES ('z', 7, 2.5, '2026-11-23 09:30:00', 0, 9000000000, NULL);)");
+                                    Active BOOLEAN, Big INTEGER, Empty TEXT, Flag YESNO);
+                    INSERT INTO T VALUES ('z', 7, 2.5, '2026-11-23 09:30:00', 0, 9000000000, NULL, 1);)");
   MergeData data = MergeData::load(db, "TABLE T");
-  EXPECT_EQ(data.columns(),
-            (std::vector<std::string>{"Zeta", "Alpha", "Amount", "Due", "Active", "Big", "Empty"}));
+  EXPECT_EQ(data.columns(), (std::vector<std::string>{"Zeta", "Alpha", "Amount", "Due", "Active",
+                                                      "Big", "Empty", "Flag"}));
   ASSERT_EQ(data.rowCount(), 1u);
   const auto& row = data.row(0);
   EXPECT_EQ(row[0], Variant("z"));
@@ -29,6 +29,7 @@ TEST(DataSourceTest, SqliteColumnsComeInOrderWithTheirDeclaredTypes) {
   EXPECT_EQ(row[4], Variant(false));
   EXPECT_EQ(row[5], Variant(9000000000.0));
   EXPECT_TRUE(row[6].isNull());
+  EXPECT_EQ(row[7], Variant(true));
   EXPECT_EQ(data.column("zeta"), 0u);
   EXPECT_EQ(data.column("ACTIVE"), 4u);
   EXPECT_FALSE(data.column("Missing"));

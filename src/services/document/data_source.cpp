@@ -2,9 +2,9 @@
 //
 // Typed values from SQLite follow the declared type of the column, as the practice database
 // declares them: DATE/TIME types give a Date (text as 'YYYY-MM-DD HH:MM:SS' or any form CDate
-// reads; text that is no date stays text), BOOL types a Boolean, INT types a Long (a Double
-// beyond its range), REAL/FLOAT/DOUBLE/NUMERIC/CURRENCY a Double; otherwise the stored class
-// decides. NULL is Null. CSV values are all text.
+// reads; text that is no date stays text), BOOL types (and Jet's BIT, YESNO) a Boolean, INT
+// types a Long (a Double beyond its range), REAL/FLOAT/DOUBLE/NUMERIC/CURRENCY a Double;
+// otherwise the stored class decides. NULL is Null. CSV values are all text.
 //
 // Malformed input:
 //   - CSV follows RFC 4180: comma separated, fields in double quotes may hold commas, line
@@ -80,7 +80,7 @@ Variant typedValue(sqlite3_stmt* stmt, int col, const std::string& declared) {
     }
     return Date(sqlite3_column_double(stmt, col));
   }
-  if (type.find("BOOL") != std::string::npos) {
+  if (type.find("BOOL") != std::string::npos || type == "BIT" || type == "YESNO") {
     if (storage == SQLITE_INTEGER || storage == SQLITE_FLOAT) {
       return sqlite3_column_double(stmt, col) != 0;
     }
