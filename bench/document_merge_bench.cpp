@@ -21,13 +21,19 @@ namespace {
 namespace fs = std::filesystem;
 constexpr int kFields = 30;
 
+// A temporary folder for the run, removed at exit.
+struct WorkFolder {
+  fs::path path = fs::temp_directory_path() / ("nvwm-merge-bench-" + std::to_string(::getpid()));
+  WorkFolder() { fs::create_directories(path); }
+  ~WorkFolder() {
+    std::error_code ec;
+    fs::remove_all(path, ec);
+  }
+};
+
 fs::path workFolder() {
-  static fs::path folder = [] {
-    fs::path p = fs::temp_directory_path() / ("nvwm-bench-" + std::to_string(::getpid()));
-    fs::create_directories(p);
-    return p;
-  }();
-  return folder;
+  static WorkFolder folder;
+  return folder.path;
 }
 
 std::string fieldName(int i) { return "Field " + std::to_string(i + 1); }
