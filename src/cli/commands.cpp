@@ -12,6 +12,7 @@ void registerCommands(CLI::App& app) {
   registerSelfCheck(app);
   registerSampleDb(app);
   registerSql(app);
+  registerDocxMerge(app);
 }
 
 }  // namespace nvwm::cli

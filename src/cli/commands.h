@@ -15,5 +15,6 @@ void setExitCode(int code);
 void registerSelfCheck(CLI::App& app);
 void registerSampleDb(CLI::App& app);
 void registerSql(CLI::App& app);
+void registerDocxMerge(CLI::App& app);
 
 }  // namespace nvwm::cli
