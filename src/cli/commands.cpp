@@ -8,6 +8,11 @@ int gExitCode = 0;
 int exitCode() { return gExitCode; }
 void setExitCode(int code) { gExitCode = code; }
 
-void registerCommands(CLI::App& app) { registerSelfCheck(app); }
+void registerCommands(CLI::App& app) {
+  registerSelfCheck(app);
+  registerSampleDb(app);
+  registerSql(app);
+  registerDocxMerge(app);
+}
 
 }  // namespace nvwm::cli

@@ -13,5 +13,8 @@ void setExitCode(int code);
 
 // One function per command file.
 void registerSelfCheck(CLI::App& app);
+void registerSampleDb(CLI::App& app);
+void registerSql(CLI::App& app);
+void registerDocxMerge(CLI::App& app);
 
 }  // namespace nvwm::cli
