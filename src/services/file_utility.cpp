@@ -5,7 +5,7 @@
 #include <unordered_set>
 
 #include "runtime/error.h"
-#include "services/text_fold.h"
+#include "runtime/text.h"
 
 namespace nvwm {
 namespace {
@@ -70,13 +70,13 @@ std::string PosixFileUtility::makeUniqueFilePath(const std::string& path) {
   std::error_code ec;
   for (fs::directory_iterator it(folder.empty() ? fs::path(".") : fs::path(folder), ec), end;
        !ec && it != end; it.increment(ec)) {
-    taken.insert(services::foldCase(getFileTitle(it->path().filename().string())));
+    taken.insert(foldCase(getFileTitle(it->path().filename().string())));
   }
   const std::string prefix = folder.empty() ? std::string() : withTrailingSeparator(folder);
   for (unsigned long n = 1;; ++n) {
     std::string candidateTitle = title + std::to_string(n);
     std::string candidate = prefix + candidateTitle + extension;
-    if (!taken.contains(services::foldCase(candidateTitle)) && !fileExists(candidate)) {
+    if (!taken.contains(foldCase(candidateTitle)) && !fileExists(candidate)) {
       return candidate;
     }
   }

@@ -9,7 +9,7 @@
 
 #include "runtime/convert.h"
 #include "runtime/error.h"
-#include "services/text_fold.h"
+#include "runtime/text.h"
 
 namespace nvwm {
 namespace {
@@ -65,7 +65,7 @@ bool IndexedIDList::moveToKey(int32_t key) {
 
 void IndexedIDList::addToIndex(ColumnIndex& index, const Variant& cell, size_t row) const {
   if (cell.isString()) {
-    keepFirst(index.text, services::foldCase(cell.stringValue()), row);
+    keepFirst(index.text, foldCase(cell.stringValue()), row);
     if (auto n = TryParseNumber(cell.stringValue())) {
       if (auto k = numberKey(*n)) keepFirst(index.textAsNumber, *k, row);
     }
@@ -97,7 +97,7 @@ int32_t IndexedIDList::findRow(int16_t column, const Variant& value) {
   size_t found = kNone;
   if (value.isString()) {
     // An Empty cell is indexed under "" too, so "" finds it through the text map.
-    found = lookup(index.text, services::foldCase(value.stringValue()));
+    found = lookup(index.text, foldCase(value.stringValue()));
     if (auto n = TryParseNumber(value.stringValue())) {
       if (auto k = numberKey(*n)) found = std::min(found, lookup(index.number, *k));
     }

@@ -26,7 +26,7 @@
 
 #include "runtime/convert.h"
 #include "runtime/error.h"
-#include "services/text_fold.h"
+#include "runtime/text.h"
 
 namespace nvwm::document {
 namespace {
@@ -156,11 +156,11 @@ MergeData::MergeData(std::vector<std::string> columns, std::vector<std::vector<V
 
 void MergeData::buildIndex() {
   index_.clear();
-  for (size_t i = 0; i < columns_.size(); ++i) index_.emplace(services::foldCase(columns_[i]), i);
+  for (size_t i = 0; i < columns_.size(); ++i) index_.emplace(foldCase(columns_[i]), i);
 }
 
 std::optional<size_t> MergeData::column(std::string_view name) const {
-  auto it = index_.find(services::foldCase(name));
+  auto it = index_.find(foldCase(name));
   if (it == index_.end()) return std::nullopt;
   return it->second;
 }
