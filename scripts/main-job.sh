@@ -1,8 +1,17 @@
 #!/usr/bin/env bash
-# The main job of the README: installs what is missing, builds, and runs the main job.
+# The main job of the README: installs what is missing, builds, writes the sample practice
+# database, and merges the sample client letter over its companies into out/client-letters.docx.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 scripts/setup.sh
 scripts/build.sh
-build/src/cli/nvwordmerge --version
-build/src/cli/nvwordmerge self-check
+nvwm=build/src/cli/nvwordmerge
+mkdir -p out
+rm -f out/sample-practice.db out/client-letters.docx
+"$nvwm" --version
+"$nvwm" sample-db out/sample-practice.db
+echo "Clients in Ontario:"
+"$nvwm" sql --db out/sample-practice.db \
+  "SELECT CompanyName, City, PostalCode FROM Companies WHERE Province = 'Ontario' ORDER BY CompanyName;"
+"$nvwm" docx-merge --template data/sample-letter.docx --data out/sample-practice.db \
+  --table Companies --out out/client-letters.docx
