@@ -1,3 +1,4 @@
+#include "runtime/ascii.h"
 #include "runtime/convert.h"
 
 #include <cctype>
@@ -18,21 +19,7 @@ namespace {
 [[noreturn]] void nullError() { raise(ErrorNumber::kInvalidUseOfNull); }
 [[noreturn]] void mismatch(std::string_view what) { raise(ErrorNumber::kTypeMismatch, what); }
 
-bool iequalsAscii(std::string_view a, std::string_view b) {
-  if (a.size() != b.size()) return false;
-  for (size_t i = 0; i < a.size(); ++i) {
-    if (std::tolower(static_cast<unsigned char>(a[i])) !=
-        std::tolower(static_cast<unsigned char>(b[i])))
-      return false;
-  }
-  return true;
-}
 
-std::string_view trimBlanks(std::string_view s) {
-  while (!s.empty() && std::isspace(static_cast<unsigned char>(s.front()))) s.remove_prefix(1);
-  while (!s.empty() && std::isspace(static_cast<unsigned char>(s.back()))) s.remove_suffix(1);
-  return s;
-}
 
 // The numeric value of a variant as a double, for the number conversions.
 double numberOf(const Variant& v) {
@@ -115,17 +102,17 @@ std::vector<DateToken> tokenizeDate(std::string_view s) {
 int monthFromWord(std::string_view w) {
   const RegionalSettings& rs = regionalSettings();
   for (int m = 0; m < 12; ++m) {
-    if (iequalsAscii(w, rs.monthNames[m]) || iequalsAscii(w, rs.monthAbbreviations[m]))
+    if (equalsIgnoringAsciiCase(w, rs.monthNames[m]) || equalsIgnoringAsciiCase(w, rs.monthAbbreviations[m]))
       return m + 1;
   }
-  if (iequalsAscii(w, "Sept")) return 9;
+  if (equalsIgnoringAsciiCase(w, "Sept")) return 9;
   return 0;
 }
 
 bool isDayWord(std::string_view w) {
   const RegionalSettings& rs = regionalSettings();
   for (int d = 0; d < 7; ++d) {
-    if (iequalsAscii(w, rs.dayNames[d]) || iequalsAscii(w, rs.dayAbbreviations[d])) return true;
+    if (equalsIgnoringAsciiCase(w, rs.dayNames[d]) || equalsIgnoringAsciiCase(w, rs.dayAbbreviations[d])) return true;
   }
   return false;
 }
@@ -176,7 +163,7 @@ std::string singleToText(float x) {
 
 std::optional<double> TryParseNumber(std::string_view text) {
   const RegionalSettings& rs = regionalSettings();
-  std::string_view s = trimBlanks(text);
+  std::string_view s = trimAsciiBlanks(text);
   if (s.empty()) return std::nullopt;
   if (s.size() > 2 && s[0] == '&' && (s[1] == 'H' || s[1] == 'h')) {
     long long v = 0;
@@ -239,7 +226,7 @@ std::optional<double> TryParseNumber(std::string_view text) {
 }
 
 std::optional<Date> TryParseDate(std::string_view text) {
-  std::vector<DateToken> tokens = tokenizeDate(trimBlanks(text));
+  std::vector<DateToken> tokens = tokenizeDate(trimAsciiBlanks(text));
   if (tokens.empty()) return std::nullopt;
 
   std::vector<DateToken> dateNumbers;
@@ -250,11 +237,11 @@ std::optional<Date> TryParseDate(std::string_view text) {
     const DateToken& t = tokens[i];
     if (t.kind == DateToken::kWord) {
       std::string_view w = t.text;
-      if (iequalsAscii(w, "am") || iequalsAscii(w, "a") || iequalsAscii(w, regionalSettings().am)) {
+      if (equalsIgnoringAsciiCase(w, "am") || equalsIgnoringAsciiCase(w, "a") || equalsIgnoringAsciiCase(w, regionalSettings().am)) {
         if (hour < 0 || ampm) return std::nullopt;
         ampm = 1;
-      } else if (iequalsAscii(w, "pm") || iequalsAscii(w, "p") ||
-                 iequalsAscii(w, regionalSettings().pm)) {
+      } else if (equalsIgnoringAsciiCase(w, "pm") || equalsIgnoringAsciiCase(w, "p") ||
+                 equalsIgnoringAsciiCase(w, regionalSettings().pm)) {
         if (hour < 0 || ampm) return std::nullopt;
         ampm = 2;
       } else if (int m = monthFromWord(w)) {
@@ -279,9 +266,9 @@ std::optional<Date> TryParseDate(std::string_view text) {
           i += 2;
         }
       } else if (i + 1 < tokens.size() && tokens[i + 1].kind == DateToken::kWord && hour < 0 &&
-                 (iequalsAscii(tokens[i + 1].text, "am") ||
-                  iequalsAscii(tokens[i + 1].text, "pm") || iequalsAscii(tokens[i + 1].text, "a") ||
-                  iequalsAscii(tokens[i + 1].text, "p"))) {
+                 (equalsIgnoringAsciiCase(tokens[i + 1].text, "am") ||
+                  equalsIgnoringAsciiCase(tokens[i + 1].text, "pm") || equalsIgnoringAsciiCase(tokens[i + 1].text, "a") ||
+                  equalsIgnoringAsciiCase(tokens[i + 1].text, "p"))) {
         hour = t.value;  // "9 am"
       } else {
         dateNumbers.push_back(t);
@@ -370,9 +357,9 @@ bool CBool(const Variant& v) {
     case VarType::kBoolean:
       return v.boolValue();
     case VarType::kString: {
-      std::string_view s = trimBlanks(v.stringValue());
-      if (iequalsAscii(s, "True")) return true;
-      if (iequalsAscii(s, "False")) return false;
+      std::string_view s = trimAsciiBlanks(v.stringValue());
+      if (equalsIgnoringAsciiCase(s, "True")) return true;
+      if (equalsIgnoringAsciiCase(s, "False")) return false;
       auto n = TryParseNumber(s);
       if (!n) mismatch("\"" + v.stringValue() + "\" is not a truth value");
       return *n != 0;

@@ -5,6 +5,7 @@
 // Number digits come from the value's 15 significant decimal digits (as the runtime shows a
 // Double), rounded half away from zero there. Rounding on the binary value instead would print
 // 1.005 as "1.00", which no user reads as right.
+#include "runtime/ascii.h"
 #include "runtime/format.h"
 
 #include <algorithm>
@@ -24,16 +25,9 @@ namespace {
 
 char lower(char c) { return c >= 'A' && c <= 'Z' ? char(c + ('a' - 'A')) : c; }
 
-bool iequals(std::string_view a, std::string_view b) {
-  if (a.size() != b.size()) return false;
-  for (size_t i = 0; i < a.size(); ++i) {
-    if (lower(a[i]) != lower(b[i])) return false;
-  }
-  return true;
-}
 
 bool startsWithNoCase(std::string_view s, size_t i, std::string_view prefix) {
-  return s.size() - i >= prefix.size() && iequals(s.substr(i, prefix.size()), prefix);
+  return s.size() - i >= prefix.size() && equalsIgnoringAsciiCase(s.substr(i, prefix.size()), prefix);
 }
 
 void appendNumber(std::string& out, int value, int width) {
@@ -86,7 +80,7 @@ constexpr NamedFormat kNamedFormats[] = {
 
 Named namedKind(std::string_view pattern) {
   for (const auto& f : kNamedFormats) {
-    if (iequals(pattern, f.name)) return f.kind;
+    if (equalsIgnoringAsciiCase(pattern, f.name)) return f.kind;
   }
   return Named::kNone;
 }
@@ -94,21 +88,21 @@ Named namedKind(std::string_view pattern) {
 // The pattern that a named date format stands for; "" for General Date (handled apart).
 std::string_view namedDatePattern(std::string_view name) {
   const RegionalSettings& rs = regionalSettings();
-  if (iequals(name, "Long Date")) return rs.longDate;
-  if (iequals(name, "Medium Date")) return rs.mediumDate;
-  if (iequals(name, "Short Date")) return rs.shortDate;
-  if (iequals(name, "Long Time")) return rs.longTime;
-  if (iequals(name, "Medium Time")) return rs.mediumTime;
-  if (iequals(name, "Short Time")) return rs.shortTime;
+  if (equalsIgnoringAsciiCase(name, "Long Date")) return rs.longDate;
+  if (equalsIgnoringAsciiCase(name, "Medium Date")) return rs.mediumDate;
+  if (equalsIgnoringAsciiCase(name, "Short Date")) return rs.shortDate;
+  if (equalsIgnoringAsciiCase(name, "Long Time")) return rs.longTime;
+  if (equalsIgnoringAsciiCase(name, "Medium Time")) return rs.mediumTime;
+  if (equalsIgnoringAsciiCase(name, "Short Time")) return rs.shortTime;
   return {};
 }
 
 std::string_view namedNumberPattern(std::string_view name) {
-  if (iequals(name, "Currency")) return regionalSettings().currencyFormat;
-  if (iequals(name, "Fixed")) return "0.00";
-  if (iequals(name, "Standard")) return "#,##0.00";
-  if (iequals(name, "Percent")) return "0.00%";
-  if (iequals(name, "Scientific")) return "0.00E+00";
+  if (equalsIgnoringAsciiCase(name, "Currency")) return regionalSettings().currencyFormat;
+  if (equalsIgnoringAsciiCase(name, "Fixed")) return "0.00";
+  if (equalsIgnoringAsciiCase(name, "Standard")) return "#,##0.00";
+  if (equalsIgnoringAsciiCase(name, "Percent")) return "0.00%";
+  if (equalsIgnoringAsciiCase(name, "Scientific")) return "0.00E+00";
   return {};
 }
 
@@ -650,8 +644,8 @@ std::optional<bool> truthOf(const Variant& value) {
   if (value.isNumber() || value.isDate()) return CDbl(value) != 0;
   if (value.isString()) {
     std::string_view s = value.stringValue();
-    if (iequals(s, "True")) return true;
-    if (iequals(s, "False")) return false;
+    if (equalsIgnoringAsciiCase(s, "True")) return true;
+    if (equalsIgnoringAsciiCase(s, "False")) return false;
     if (auto n = TryParseNumber(s)) return *n != 0;
   }
   return std::nullopt;
@@ -660,8 +654,8 @@ std::optional<bool> truthOf(const Variant& value) {
 std::string formatTruth(const Variant& value, std::string_view pattern) {
   std::optional<bool> truth = truthOf(value);
   if (!truth) return CStr(value);
-  if (iequals(pattern, "Yes/No")) return *truth ? "Yes" : "No";
-  if (iequals(pattern, "On/Off")) return *truth ? "On" : "Off";
+  if (equalsIgnoringAsciiCase(pattern, "Yes/No")) return *truth ? "Yes" : "No";
+  if (equalsIgnoringAsciiCase(pattern, "On/Off")) return *truth ? "On" : "Off";
   return *truth ? "True" : "False";
 }
 
@@ -683,13 +677,13 @@ std::string generalDateText(Date date) {
 }
 
 std::string formatDate(Date date, std::string_view pattern) {
-  if (pattern.empty() || iequals(pattern, "General Date")) return generalDateText(date);
+  if (pattern.empty() || equalsIgnoringAsciiCase(pattern, "General Date")) return generalDateText(date);
   std::string_view named = namedDatePattern(pattern);
   return formatDatePattern(date, named.empty() ? pattern : named);
 }
 
 std::string formatNumber(double value, std::string_view pattern) {
-  if (pattern.empty() || iequals(pattern, "General Number")) return doubleToText(value);
+  if (pattern.empty() || equalsIgnoringAsciiCase(pattern, "General Number")) return doubleToText(value);
   std::string_view named = namedNumberPattern(pattern);
   return formatNumberPattern(value, named.empty() ? pattern : named);
 }

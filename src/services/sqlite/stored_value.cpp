@@ -1,3 +1,4 @@
+#include "runtime/ascii.h"
 #include "services/sqlite/stored_value.h"
 
 #include <cctype>
@@ -17,21 +18,7 @@ std::string upperAscii(std::string_view s) {
   return out;
 }
 
-bool iequals(std::string_view a, std::string_view b) {
-  if (a.size() != b.size()) return false;
-  for (size_t i = 0; i < a.size(); ++i) {
-    if (std::tolower(static_cast<unsigned char>(a[i])) !=
-        std::tolower(static_cast<unsigned char>(b[i])))
-      return false;
-  }
-  return true;
-}
 
-std::string_view trim(std::string_view s) {
-  while (!s.empty() && std::isspace(static_cast<unsigned char>(s.front()))) s.remove_prefix(1);
-  while (!s.empty() && std::isspace(static_cast<unsigned char>(s.back()))) s.remove_suffix(1);
-  return s;
-}
 
 [[noreturn]] void cannotStore(ColumnKind kind, std::string_view text) {
   const char* what = "a value";
@@ -100,7 +87,7 @@ ColumnKind kindFromDeclaredType(const char* declared) {
 
 StoredValue textToStored(ColumnKind kind, std::string_view text) {
   if (kind == ColumnKind::kString) return std::string(text);
-  std::string_view t = trim(text);
+  std::string_view t = trimAsciiBlanks(text);
   if (kind == ColumnKind::kAny) {
     if (auto n = TryParseNumber(t); n && !t.empty()) return anyNumber(*n);
     return std::string(text);
@@ -108,8 +95,8 @@ StoredValue textToStored(ColumnKind kind, std::string_view text) {
   if (t.empty()) return std::monostate{};
   switch (kind) {
     case ColumnKind::kBoolean: {
-      if (iequals(t, "True") || iequals(t, "Yes") || iequals(t, "On")) return int64_t{1};
-      if (iequals(t, "False") || iequals(t, "No") || iequals(t, "Off")) return int64_t{0};
+      if (equalsIgnoringAsciiCase(t, "True") || equalsIgnoringAsciiCase(t, "Yes") || equalsIgnoringAsciiCase(t, "On")) return int64_t{1};
+      if (equalsIgnoringAsciiCase(t, "False") || equalsIgnoringAsciiCase(t, "No") || equalsIgnoringAsciiCase(t, "Off")) return int64_t{0};
       if (auto n = TryParseNumber(t)) return int64_t{*n != 0.0 ? 1 : 0};
       cannotStore(kind, text);
     }
@@ -119,8 +106,8 @@ StoredValue textToStored(ColumnKind kind, std::string_view text) {
       cannotStore(kind, text);
     }
     default: {
-      if (iequals(t, "True")) return numberToStored(kind, -1.0);
-      if (iequals(t, "False")) return numberToStored(kind, 0.0);
+      if (equalsIgnoringAsciiCase(t, "True")) return numberToStored(kind, -1.0);
+      if (equalsIgnoringAsciiCase(t, "False")) return numberToStored(kind, 0.0);
       auto n = TryParseNumber(t);
       if (!n) cannotStore(kind, text);
       return numberToStored(kind, *n);
