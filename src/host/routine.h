@@ -30,6 +30,10 @@
 #include "runtime/error.h"
 
 namespace nvwm {
+class ErrorService;
+}
+
+namespace nvwm {
 
 class Routine {
  public:
@@ -38,6 +42,11 @@ class Routine {
   explicit Routine(std::string_view logTag) : Routine(logTag, nullptr) {}
   // extra runs first in the handler, also when the error service is missing.
   Routine(std::string_view logTag, ExtraHandlerSteps extra);
+  // A routine of an object that holds its own error service (clsInsertFieldsInRTB's
+  // errorClassRTB) instead of the library-wide errorClass. It enters and leaves that service
+  // only while one is given: with nullptr the body runs all the same, and an error in a step
+  // goes straight to the exit, as with an empty errorClass. `errors` must outlive the routine.
+  Routine(std::string_view logTag, ErrorService* errors, ExtraHandlerSteps extra = nullptr);
   // The exit label: errors skipped, exitProc.
   ~Routine();
   Routine(const Routine&) = delete;
@@ -74,8 +83,12 @@ class Routine {
 
  private:
   void handle(const RuntimeError& error);
+  // The error service this routine reports to (may be null).
+  ErrorService* service() const;
 
   ExtraHandlerSteps extra_;
+  bool ownService_ = false;  // True: errors_ is the service, not the library-wide errorClass
+  ErrorService* errors_ = nullptr;
   bool running_ = true;
   bool skipping_ = false;
   bool askSuppression_ = false;
