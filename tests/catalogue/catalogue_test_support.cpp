@@ -1,0 +1,102 @@
+#include "catalogue_test_support.h"
+
+#include "host/references.h"
+#include "runtime/convert.h"
+
+namespace nvwm::testing {
+
+Variant RecordingListBox::invoke(std::string_view member, std::span<const Variant> args) {
+  calls.emplace_back(member);
+  if (member == "AddItem") {
+    entries.push_back({CStr(args[0]), 0});
+    return Variant();
+  }
+  if (member == "NewIndex") return Variant(static_cast<int32_t>(entries.size()) - 1);
+  if (member == "Clear") {
+    entries.clear();
+    return Variant();
+  }
+  if (member == "Refresh") return Variant();
+  raise(ErrorNumber::kNoSuchMember, std::string(member));
+}
+
+void RecordingListBox::put(std::string_view member, std::span<const Variant> indices,
+                           const Variant& value) {
+  calls.emplace_back(member);
+  if (member != "ItemData") raise(ErrorNumber::kNoSuchMember, std::string(member));
+  entries.at(static_cast<size_t>(CLng(indices[0]))).itemData = CLng(value);
+}
+
+Variant CaretOnlyRTB::invoke(std::string_view member, std::span<const Variant>) {
+  if (member != "SelStart") raise(ErrorNumber::kNoSuchMember, std::string(member));
+  return selStart;
+}
+
+namespace {
+class RecordingInserter : public RTBTextInserter {
+ public:
+  explicit RecordingInserter(std::shared_ptr<InsertionLog> log) : log_(std::move(log)) {}
+  void insertTextAt(LateBoundObject&, const std::string& text, int32_t position) override {
+    log_->insertions.push_back({text, position});
+  }
+
+ private:
+  std::shared_ptr<InsertionLog> log_;
+};
+}  // namespace
+
+void installRecordingInserter(std::shared_ptr<InsertionLog> log) {
+  factories().createRTBTextInserter = [log]() -> std::shared_ptr<RTBTextInserter> {
+    ++log->inserterCount;
+    return std::make_shared<RecordingInserter>(log);
+  };
+}
+
+std::vector<DumpedRow> dumpRows(IDList& list) {
+  std::vector<DumpedRow> rows;
+  for (list.moveFirst(); !list.isAtEnd(); list.moveNext()) {
+    DumpedRow row{list.currentKey(), {}};
+    for (int16_t c = 1; c <= 7; ++c) {
+      Variant v = list.getColumn(c);
+      row.columns.push_back(v.isMissing() ? "<missing>" : CStr(v));
+    }
+    rows.push_back(row);
+  }
+  return rows;
+}
+
+std::vector<std::string> displayNames(IDList& list) {
+  std::vector<std::string> names;
+  for (const DumpedRow& row : dumpRows(list)) names.push_back(row.columns[1]);
+  return names;
+}
+
+CatalogueEnvironment::CatalogueEnvironment(Date today)
+    : clock(std::make_shared<FixedClock>(today)) {
+  refs.errors->action = 2;
+  references().LocaleReference = locale;
+  setClock(clock);
+  factories() = makeDefaultServiceFactories();
+}
+
+CatalogueEnvironment::~CatalogueEnvironment() {
+  setClock(nullptr);
+  factories() = makeDefaultServiceFactories();
+}
+
+std::unique_ptr<clsInsertFieldsInRTB> CatalogueEnvironment::makeCatalogue() const {
+  auto catalogue = std::make_unique<clsInsertFieldsInRTB>();
+  catalogue->errorClassRTB(refs.errors);
+  return catalogue;
+}
+
+std::unique_ptr<clsInsertFieldsInRTB> CatalogueEnvironment::build(int32_t listType,
+                                                                  int32_t use) const {
+  auto catalogue = makeCatalogue();
+  catalogue->MergeFieldListUse(use);
+  bool noList = false;
+  catalogue->createDefaultFieldListStructure(listType, noList, true);
+  return catalogue;
+}
+
+}  // namespace nvwm::testing
