@@ -69,14 +69,16 @@ class IDList : public Object {
 
   virtual int32_t getRowCount() = 0;
   // Makes the row with the key current; False (current row unchanged) when there is none.
+  // Where rows share a key, the row added last under it is the one reached.
   virtual bool moveToKey(int32_t key) = 0;
   // The key of the first row whose column equals the value (text compared without regard to
-  // case); below 0 when there is none.
+  // case); below 0 when there is none. A row found becomes the current row, so the columns
+  // read next are that row's even where a later row shares its key.
   virtual int32_t findRow(int16_t column, const Variant& value) = 0;
   // Appends a row. Columns beyond those given are missing.
   virtual void addRow(int32_t key, const Row& columns) = 0;
   // Must be called once on a new list before anything else; called again on a filled list by
-  // each catalogue build.
+  // each catalogue build, and then keeps the rows already there (a second build adds to them).
   virtual void initialize() = 0;
   // That column of the current row; Missing for a missing column. Raises 9 outside 1..24, 91
   // with no current row.
