@@ -5,26 +5,10 @@
 
 namespace nvwm::testing {
 
-Variant RecordingListBox::invoke(std::string_view member, std::span<const Variant> args) {
-  calls.emplace_back(member);
-  if (member == "AddItem") {
-    entries.push_back({CStr(args[0]), 0});
-    return Variant();
-  }
-  if (member == "NewIndex") return Variant(static_cast<int32_t>(entries.size()) - 1);
-  if (member == "Clear") {
-    entries.clear();
-    return Variant();
-  }
-  if (member == "Refresh") return Variant();
-  raise(ErrorNumber::kNoSuchMember, std::string(member));
-}
-
-void RecordingListBox::put(std::string_view member, std::span<const Variant> indices,
-                           const Variant& value) {
-  calls.emplace_back(member);
-  if (member != "ItemData") raise(ErrorNumber::kNoSuchMember, std::string(member));
-  entries.at(static_cast<size_t>(CLng(indices[0]))).itemData = CLng(value);
+std::vector<ListEntry> entriesOf(const TextListBox& list) {
+  std::vector<ListEntry> entries;
+  for (const TextListBox::Entry& e : list.entries()) entries.push_back({e.text, e.itemData});
+  return entries;
 }
 
 Variant CaretOnlyRTB::invoke(std::string_view member, std::span<const Variant>) {

@@ -14,6 +14,7 @@
 #include "host/database_service.h"
 #include "host/folder_service.h"
 #include "runtime/clock.h"
+#include "services/text_controls.h"
 #include "support/test_support.h"
 
 namespace nvwm::testing {
@@ -84,21 +85,16 @@ class RecordingDatabase : public DatabaseService {
   std::shared_ptr<DatabaseService> inner_;
 };
 
-// A list control that records its entries (text, ItemData) and every call by member name.
-class RecordingListBox : public LateBoundObject {
- public:
-  struct Entry {
-    std::string text;
-    int32_t itemData = 0;
-    friend bool operator==(const Entry&, const Entry&) = default;
-  };
-  std::vector<Entry> entries;
-  std::vector<std::string> calls;
-
-  Variant invoke(std::string_view member, std::span<const Variant> args) override;
-  void put(std::string_view member, std::span<const Variant> indices,
-           const Variant& value) override;
+// The entries of a text-backed list box, comparable.
+struct ListEntry {
+  std::string text;
+  int32_t itemData = 0;
+  friend bool operator==(const ListEntry&, const ListEntry&) = default;
+  friend std::ostream& operator<<(std::ostream& os, const ListEntry& e) {
+    return os << e.itemData << " \"" << e.text << "\"";
+  }
 };
+std::vector<ListEntry> entriesOf(const TextListBox& list);
 
 // A rich-text control whose "SelStart" is set by the test.
 class CaretOnlyRTB : public LateBoundObject {
