@@ -5,6 +5,45 @@
 
 namespace nvwm::testing {
 
+void FakeLabelDatabase::addUntouchedLabels() {
+  Row fields, addressFields;
+  for (int n = 1; n <= 5; ++n) {
+    std::string label = "Custom " + std::to_string(n);
+    for (const char* stem :
+         {"CustomName", "ApptCustomName", "RemittanceLabel", "TaskCustomName", "DocketCustomName"}) {
+      fields[stem + std::to_string(n)] = Variant(label);
+    }
+    for (const char* stem : {"ContactLabel", "CompanyLabel"}) {
+      addressFields[stem + std::to_string(n)] = Variant(label);
+    }
+  }
+  tables["SELECT CustomFields.* FROM CustomFields;"] = {fields};
+  tables["SELECT CustomAddressFields.* FROM CustomAddressFields;"] = {addressFields};
+}
+
+Handle FakeLabelDatabase::openRecordset(const std::string& sql, int32_t, int32_t, bool,
+                                        const std::string&, bool) {
+  Handle h = next_++;
+  open_[h] = sql;
+  return h;
+}
+
+const std::vector<FakeLabelDatabase::Row>& FakeLabelDatabase::rows(Handle h) {
+  static const std::vector<Row> kNone;
+  auto o = open_.find(h);
+  if (o == open_.end()) raise(ErrorNumber::kDatabaseError, "recordset not open");
+  auto t = tables.find(o->second);
+  return t == tables.end() ? kNone : t->second;
+}
+
+Variant FakeLabelDatabase::getField(Handle h, const Variant& name) {
+  const std::vector<Row>& r = rows(h);
+  if (r.empty()) raise(ErrorNumber::kDatabaseError, "no current record");
+  auto cell = r.front().find(CStr(name));
+  if (cell == r.front().end()) raise(ErrorNumber::kDatabaseError, "item not found");
+  return cell->second;
+}
+
 std::vector<ListEntry> entriesOf(const TextListBox& list) {
   std::vector<ListEntry> entries;
   for (const TextListBox::Entry& e : list.entries()) entries.push_back({e.text, e.itemData});

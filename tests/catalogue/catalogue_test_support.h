@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -36,6 +37,7 @@ class RecordingDatabase : public DatabaseService {
   std::vector<std::string> opened;             // every SQL text, in order
   std::vector<Handle> openedHandles;           // the handle each one gave
   std::vector<Handle> closed;                  // every handle closed, in order
+  std::vector<std::string> events;             // "open <sql>" and "close <handle>", in order
 
   int32_t getRecordCount(Handle h) override { return inner().getRecordCount(h); }
   bool isEmptyRecordset(Handle h) override { return inner().isEmptyRecordset(h); }
@@ -45,12 +47,14 @@ class RecordingDatabase : public DatabaseService {
   Handle openRecordset(const std::string& sql, int32_t cursorType, int32_t lockType, bool o1,
                        const std::string& o2, bool o3) override {
     opened.push_back(sql);
+    events.push_back("open " + sql);
     Handle h = inner().openRecordset(sql, cursorType, lockType, o1, o2, o3);
     openedHandles.push_back(h);
     return h;
   }
   void closeRecordset(Handle h) override {
     closed.push_back(h);
+    events.push_back("close " + std::to_string(h));
     inner().closeRecordset(h);
   }
   int32_t getRecordPosition(Handle h) override { return inner().getRecordPosition(h); }
@@ -83,6 +87,52 @@ class RecordingDatabase : public DatabaseService {
     return *inner_;
   }
   std::shared_ptr<DatabaseService> inner_;
+};
+
+// A connected database of label tables only: each SQL text the test registers gives its rows;
+// any other text opens an empty recordset. Handles count from 1; closing is recorded by the
+// RecordingDatabase around it.
+class FakeLabelDatabase : public DatabaseService {
+ public:
+  using Row = std::map<std::string, Variant>;
+  bool connected = true;
+  std::map<std::string, std::vector<Row>> tables;  // by SQL text
+  // One row in "CustomFields" and "CustomAddressFields" whose labels nobody has touched
+  // ("Custom 1" to "Custom 5" in every label column).
+  void addUntouchedLabels();
+
+  int32_t getRecordCount(Handle h) override { return static_cast<int32_t>(rows(h).size()); }
+  bool isEmptyRecordset(Handle h) override { return rows(h).empty(); }
+  bool isRecordsetOpen(Handle h) override { return open_.count(h) > 0; }
+  bool isEOF(Handle h) override { return rows(h).empty(); }
+  bool isConnected() override { return connected; }
+  Handle openRecordset(const std::string& sql, int32_t, int32_t, bool, const std::string&,
+                       bool) override;
+  void closeRecordset(Handle h) override { open_.erase(h); }
+  int32_t getRecordPosition(Handle) override { return 0; }
+  int32_t setRecordPosition(Handle, int32_t) override { return 0; }
+  bool hasRecords(Handle h) override { return !rows(h).empty(); }
+  void moveNext(Handle) override {}
+  Variant getField(Handle h, const Variant& name) override;
+  void setField(Handle, const std::string&, const std::string&, const std::string&,
+                bool) override {
+    raise(ErrorNumber::kDatabaseError, "read-only");
+  }
+  void addNewRecord(Handle) override { raise(ErrorNumber::kDatabaseError, "read-only"); }
+  void setNewField(Handle, const std::string&, const Variant&) override {
+    raise(ErrorNumber::kDatabaseError, "read-only");
+  }
+  void updateRecord(Handle) override { raise(ErrorNumber::kDatabaseError, "read-only"); }
+  bool findRecord(Handle, const std::string&, const Variant&) override { return false; }
+  Handle filterRecordset(Handle, const std::string&) override {
+    raise(ErrorNumber::kDatabaseError, "not here");
+  }
+  std::string getSQLDateString(const Date&) override { return ""; }
+
+ private:
+  const std::vector<Row>& rows(Handle h);
+  std::map<Handle, std::string> open_;
+  Handle next_ = 1;
 };
 
 // The entries of a text-backed list box, comparable.
