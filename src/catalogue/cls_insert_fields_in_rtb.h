@@ -28,13 +28,13 @@
 #include "host/controls.h"
 #include "host/database_service.h"
 #include "host/error_service.h"
+#include "host/routine.h"
 #include "host/message_service.h"
 #include "host/utilities.h"
 #include "runtime/variant.h"
 
 namespace nvwm {
 
-class Routine;
 namespace catalogue {
 struct FieldBlockSpec;
 struct CustomBlockSpec;
@@ -155,7 +155,8 @@ class clsInsertFieldsInRTB {
   int32_t caretPosition();
   // Hands the text and position to a new RTBTextInserter.
   void insertIntoRTB(const std::string& text, int32_t position);
-  ErrorService* errorService() const { return errorClassRTB_.get(); }
+  // errorClassRTB as the routines' error service.
+  Routine::OwnErrorService errorService() const { return {errorClassRTB_.get()}; }
 
   // State, in the order of the original's declarations.
   std::shared_ptr<IDList> FieldListStructure_;

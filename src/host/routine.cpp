@@ -12,8 +12,8 @@ Routine::Routine(std::string_view logTag, ExtraHandlerSteps extra) : extra_(std:
   });
 }
 
-Routine::Routine(std::string_view logTag, ErrorService* errors, ExtraHandlerSteps extra)
-    : extra_(std::move(extra)), ownService_(true), errors_(errors) {
+Routine::Routine(std::string_view logTag, OwnErrorService errors, ExtraHandlerSteps extra)
+    : extra_(std::move(extra)), ownService_(true), errors_(errors.service) {
   if (errors_ == nullptr) return;
   step([&] { errors_->enterProc(std::string(logTag)); });
 }

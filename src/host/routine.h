@@ -42,11 +42,15 @@ class Routine {
   explicit Routine(std::string_view logTag) : Routine(logTag, nullptr) {}
   // extra runs first in the handler, also when the error service is missing.
   Routine(std::string_view logTag, ExtraHandlerSteps extra);
-  // A routine of an object that holds its own error service (clsInsertFieldsInRTB's
-  // errorClassRTB) instead of the library-wide errorClass. It enters and leaves that service
-  // only while one is given: with nullptr the body runs all the same, and an error in a step
-  // goes straight to the exit, as with an empty errorClass. `errors` must outlive the routine.
-  Routine(std::string_view logTag, ErrorService* errors, ExtraHandlerSteps extra = nullptr);
+  // The error service of an object that holds its own (clsInsertFieldsInRTB's errorClassRTB)
+  // instead of the library-wide errorClass. `service` may be null and must outlive the routine.
+  struct OwnErrorService {
+    ErrorService* service;
+  };
+  // A routine on an object's own error service. It enters and leaves that service only while
+  // one is given: with none the body runs all the same, and an error in a step goes straight
+  // to the exit, as with an empty errorClass.
+  Routine(std::string_view logTag, OwnErrorService errors, ExtraHandlerSteps extra = nullptr);
   // The exit label: errors skipped, exitProc.
   ~Routine();
   Routine(const Routine&) = delete;
