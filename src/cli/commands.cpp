@@ -8,6 +8,9 @@ int gExitCode = 0;
 int exitCode() { return gExitCode; }
 void setExitCode(int code) { gExitCode = code; }
 
-void registerCommands(CLI::App& app) { registerSelfCheck(app); }
+void registerCommands(CLI::App& app) {
+  registerSelfCheck(app);
+  registerFields(app);
+}
 
 }  // namespace nvwm::cli

@@ -13,5 +13,6 @@ void setExitCode(int code);
 
 // One function per command file.
 void registerSelfCheck(CLI::App& app);
+void registerFields(CLI::App& app);
 
 }  // namespace nvwm::cli

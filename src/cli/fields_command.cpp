@@ -15,44 +15,21 @@
 #include <optional>
 #include <string>
 
+#include <spdlog/sinks/stdout_sinks.h>
+#include <spdlog/spdlog.h>
+
 #include "catalogue/cls_insert_fields_in_rtb.h"
 #include "cli/commands.h"
 #include "host/references.h"
 #include "runtime/clock.h"
 #include "runtime/convert.h"
+#include "services/folder_locale.h"
+#include "services/logging_error_service.h"
+#include "services/sqlite/sqlite_database.h"
+#include "services/text_controls.h"
 
 namespace nvwm::cli {
 namespace {
-
-// The firm's location as given on the command line.
-class CommandLineLocale : public LocaleService {
- public:
-  CommandLineLocale(int32_t country, int32_t province) : country_(country), province_(province) {}
-  int32_t getCountryCode() override { return country_; }
-  int32_t getProvinceCode() override { return province_; }
-
- private:
-  int32_t country_;
-  int32_t province_;
-};
-
-// Reports an error on stderr and ends the routine.
-class TerminalErrors : public ErrorService {
- public:
-  bool errorsAreSuppressed() override { return false; }
-  int32_t getErrorAction() override { return static_cast<int32_t>(ErrorAction::kExit); }
-  void setError(const RuntimeError& error) override { last_ = error.what(); }
-  void showError() override {
-    std::cerr << "error: " << last_ << "\n";
-    failed = true;
-  }
-  void exitProc() override {}
-  void enterProc(const std::string&) override {}
-  bool failed = false;
-
- private:
-  std::string last_;
-};
 
 std::string cell(const Variant& v) { return v.isMissing() || v.isEmpty() ? "" : CStr(v); }
 
@@ -89,10 +66,13 @@ struct FieldsOptions {
 
 int runFields(const FieldsOptions& o) {
   LibraryReferences& refs = references();
-  auto errors = std::make_shared<TerminalErrors>();
+  // Errors go to stderr, so that stdout holds the catalogue alone.
+  auto logger = spdlog::get("fields");
+  if (!logger) logger = spdlog::stderr_logger_mt("fields");
+  auto errors = std::make_shared<LoggingErrorService>(logger);
   refs.errorClass = errors;
   refs.errorClassIsSet = true;
-  refs.LocaleReference = std::make_shared<CommandLineLocale>(o.country, o.province);
+  refs.LocaleReference = std::make_shared<HostLocale>(o.country, o.province);
   if (!o.date.empty()) {
     std::optional<Date> today = parseIsoDate(o.date);
     if (!today) {
@@ -101,24 +81,31 @@ int runFields(const FieldsOptions& o) {
     }
     setClock(std::make_shared<FixedClock>(*today));
   }
-  if (!o.db.empty()) refs.DatabaseReference = openPracticeDatabase(o.db);
+  if (!o.db.empty()) {
+    auto db = std::make_shared<SqliteDatabase>(o.db);
+    if (!db->isConnected()) {
+      std::cerr << "fields: cannot open the practice database \"" << o.db << "\"\n";
+      return 2;
+    }
+    refs.DatabaseReference = db;
+  }
 
   clsInsertFieldsInRTB catalogue;
   catalogue.errorClassRTB(errors);
   catalogue.MergeFieldListUse(o.use);
-  std::shared_ptr<LateBoundObject> listBox;
+  std::shared_ptr<TextListBox> listBox;
   if (o.listBox) {
-    listBox = makeTextListBox();
+    listBox = std::make_shared<TextListBox>();
     catalogue.ListBox(listBox);
   }
   // As a merge opens them: the client sets and the firm's, for this list type.
   catalogue.initializeDataRecordsets(o.listType, false, -1, true, true, true, true, true, -1, -1);
   if (o.listBox) {
-    printListBox(*listBox);
+    std::cout << listBox->text();
   } else {
     printCatalogue(*catalogue.FieldListStructure());
   }
-  return errors->failed ? 1 : 0;
+  return errors->lastError() ? 1 : 0;
 }
 
 }  // namespace
