@@ -33,13 +33,10 @@ constexpr FieldRowSpec kAccountantRows[] = {
 
 const FieldBlockSpec kAccountantBlock{kCategoryFirm, kAccountantRows};
 
-// category, label query, label columns, test hasRecords, database fields, default label,
-// sample text, display prefix, stored name of the fifth default row
-const CustomBlockSpec kAccountantCustomBlock{
-    kCategoryFirm,           "SELECT CustomAddressFields.* FROM CustomAddressFields;",
-    "CompanyLabel",          false,
-    "Custom",                "Company Custom Field ",
-    "Company Custom Info ",  "Your ",
-    nullptr};
+// Category, label query, label columns, test hasRecords, database fields, default display text,
+// sample text, display prefix, stored name of the fifth default row.
+// clang-format off
+const CustomBlockSpec kAccountantCustomBlock{kCategoryFirm, kCustomAddressFieldsQuery, "CompanyLabel", false, "Custom", "Company Custom Field ", "Company Custom Info ", "Your ", nullptr};
+// clang-format on
 
 }  // namespace nvwm::catalogue

@@ -80,7 +80,6 @@ constexpr FieldRowSpec kTaskRows[] = {
     {"Task Text", "AppointmentText", T, 255, text("Sample task description text")},
 };
 
-constexpr const char* kCustomFieldsQuery = "SELECT CustomFields.* FROM CustomFields;";
 // The stored name of the fifth default row of every calendar custom block; the list shows the
 // regular default.
 constexpr const char* kRemmit5 = "Custom Remmit Field 5";
@@ -92,19 +91,13 @@ const FieldBlockSpec kTaskScheduleBlock{kCategoryTask, kTaskScheduleRows};
 const FieldBlockSpec kTaskBlock{kCategoryTask, kTaskRows};
 const FieldBlockSpec kDocketBlock{kCategoryDocket, kDocketRows};
 
-// category, label query, label columns, test hasRecords, database fields, default display text,
-// sample text, display prefix, stored name of the fifth default row
-const CustomBlockSpec kAppointmentCustomBlock{
-    kCategoryAppoint, kCustomFieldsQuery,     "ApptCustomName",      true,    "Custom",
-    "Custom Appt Field ", "Custom Appt Info ", "", kRemmit5};
-const CustomBlockSpec kTaskScheduleCustomBlock{
-    kCategoryTask, kCustomFieldsQuery,     "RemittanceLabel",     true,    "Custom",
-    "Custom Task Field ", "Custom Task Info ", "", kRemmit5};
-const CustomBlockSpec kTaskCustomBlock{
-    kCategoryTask, kCustomFieldsQuery,     "TaskCustomName",      true,    "TaskCustom",
-    "Custom Task Field ", "Custom Task Info ", "", kRemmit5};
-const CustomBlockSpec kDocketCustomBlock{
-    kCategoryDocket, kCustomFieldsQuery,           "DocketCustomName",          true,    "Custom",
-    "Custom Time Entry Field ", "Custom Time Entry Info ", "", kRemmit5};
+// Category, label query, label columns, test hasRecords, database fields, default display text,
+// sample text, display prefix, stored name of the fifth default row.
+// clang-format off
+const CustomBlockSpec kAppointmentCustomBlock{kCategoryAppoint, kCustomFieldsQuery, "ApptCustomName", true, "Custom", "Custom Appt Field ", "Custom Appt Info ", "", kRemmit5};
+const CustomBlockSpec kTaskScheduleCustomBlock{kCategoryTask, kCustomFieldsQuery, "RemittanceLabel", true, "Custom", "Custom Task Field ", "Custom Task Info ", "", kRemmit5};
+const CustomBlockSpec kTaskCustomBlock{kCategoryTask, kCustomFieldsQuery, "TaskCustomName", true, "TaskCustom", "Custom Task Field ", "Custom Task Info ", "", kRemmit5};
+const CustomBlockSpec kDocketCustomBlock{kCategoryDocket, kCustomFieldsQuery, "DocketCustomName", true, "Custom", "Custom Time Entry Field ", "Custom Time Entry Info ", "", kRemmit5};
+// clang-format on
 
 }  // namespace nvwm::catalogue

@@ -83,8 +83,8 @@ void clsInsertFieldsInRTB::initializeDataRecordsets(int32_t listType, bool openA
                                                     int32_t recordID, bool openMainClient,
                                                     bool openCompanies, bool openContacts,
                                                     bool openAccountantFirm,
-                                                    bool openAccountantEmployee,
-                                                    int32_t companyID, int32_t contactID) {
+                                                    bool openAccountantEmployee, int32_t companyID,
+                                                    int32_t contactID) {
   Routine r("Tallowbrook.exe-clsInsertFieldsInRTB-initializeDataRecordsets", errorService());
   r.step([&] {
     ListType_ = listType;
@@ -97,7 +97,8 @@ void clsInsertFieldsInRTB::initializeDataRecordsets(int32_t listType, bool openA
   r.step([&] { connected = databaseConnected(); });
   if (connected) {
     r.step([&] {
-      if (openMainClient || openAll) MainClientRST_ = openReadOnly(getMainBusinessSQLString(false, 3));
+      if (openMainClient || openAll)
+        MainClientRST_ = openReadOnly(getMainBusinessSQLString(false, 3));
     });
     r.step([&] {
       if (openCompanies || openAll) {
@@ -140,8 +141,7 @@ void clsInsertFieldsInRTB::initializeDataRecordsets(int32_t listType, bool openA
       r.step([&] {
         switch (listType) {
           case list_type::kAppointmentInfo:
-            AppointmentsRST_ =
-                openReadOnly(tableQuery("Appointments", "AppointmentID", RecordID_));
+            AppointmentsRST_ = openReadOnly(tableQuery("Appointments", "AppointmentID", RecordID_));
             break;
           case list_type::kDocketInfo:
             DocketsRST_ = openReadOnly(tableQuery("Dockets", "DocketID", RecordID_));

@@ -28,8 +28,8 @@
 #include "host/controls.h"
 #include "host/database_service.h"
 #include "host/error_service.h"
-#include "host/routine.h"
 #include "host/message_service.h"
+#include "host/routine.h"
 #include "host/utilities.h"
 #include "runtime/variant.h"
 

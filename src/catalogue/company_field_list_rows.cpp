@@ -59,13 +59,10 @@ constexpr FieldRowSpec kCompanyRows[] = {
 
 const FieldBlockSpec kCompanyBlock{kCategoryCompany, kCompanyRows};
 
-// category, label query, label columns, test hasRecords, database fields, default display text,
-// sample text, display prefix, stored name of the fifth default row
-const CustomBlockSpec kCompanyCustomBlock{
-    kCategoryCompany,         "SELECT CustomAddressFields.* FROM CustomAddressFields;",
-    "CompanyLabel",           false,
-    "Custom",                 "Company Custom Field ",
-    "Company Custom Info ",   "",
-    nullptr};
+// Category, label query, label columns, test hasRecords, database fields, default display text,
+// sample text, display prefix, stored name of the fifth default row.
+// clang-format off
+const CustomBlockSpec kCompanyCustomBlock{kCategoryCompany, kCustomAddressFieldsQuery, "CompanyLabel", false, "Custom", "Company Custom Field ", "Company Custom Info ", "", nullptr};
+// clang-format on
 
 }  // namespace nvwm::catalogue

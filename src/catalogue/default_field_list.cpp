@@ -30,8 +30,7 @@ bool isOneOf(int32_t value, std::initializer_list<int32_t> values) {
 void clsInsertFieldsInRTB::createDefaultFieldListStructure(int32_t listType, bool& noList,
                                                            bool clearList) {
   using namespace list_type;
-  Routine r("Tallowbrook.exe-clsInsertFieldsInRTB-createDefaultFieldListStructure",
-            errorService());
+  Routine r("Tallowbrook.exe-clsInsertFieldsInRTB-createDefaultFieldListStructure", errorService());
   r.step([&] { noList = ListBox_ == nullptr; });
   r.step([&] {
     FieldListStructure_->initialize();
@@ -59,8 +58,8 @@ void clsInsertFieldsInRTB::createDefaultFieldListStructure(int32_t listType, boo
     r.step([&] { createDocketInfoFieldListStructure(noList); });
   }
 
-  if (isOneOf(listType, {kCompanyInfo, kCompanyContactInfo, kAppointmentInfo, kDocketInfo,
-                         kTaskInfo})) {
+  if (isOneOf(listType,
+              {kCompanyInfo, kCompanyContactInfo, kAppointmentInfo, kDocketInfo, kTaskInfo})) {
     // No separator after the time entry rows: as chosen by the product.
     addHeader(r, list, "[Company Address Info]", isOneOf(listType, {kAppointmentInfo, kTaskInfo}));
     r.step([&] { createCompanyInfoFieldListStructure(noList); });
@@ -84,9 +83,9 @@ void clsInsertFieldsInRTB::createDefaultFieldListStructure(int32_t listType, boo
       if (locale == nullptr) raise(ErrorNumber::kObjectVariableNotSet, "LocaleReference");
       country = locale->getCountryCode();
     });
-    addRows(r, list,
-            country == 1 ? catalogue::kAccountingCanadaBlock
-                         : catalogue::kAccountingOtherCountryBlock);
+    addRows(
+        r, list,
+        country == 1 ? catalogue::kAccountingCanadaBlock : catalogue::kAccountingOtherCountryBlock);
     addCustomBlock(r, list, catalogue::kClientCustomBlock);
     addHeader(r, list, "[Company Software Info]", true);
     addRows(r, list, catalogue::kSoftwareBlock);

@@ -189,17 +189,11 @@ const FieldBlockSpec kAccountingOtherCountryBlock{kCategoryClient, kAccountingOt
 const FieldBlockSpec kSoftwareBlock{kCategorySoftware, kSoftwareRows};
 const FieldBlockSpec kContactDetailBlock{kCategoryContact, kContactDetailRows};
 
-// category, label query, label columns, test hasRecords, database fields, default display text,
-// sample text, display prefix, stored name of the fifth default row
-const CustomBlockSpec kClientCustomBlock{
-    kCategoryClient, "SELECT CustomFields.* FROM CustomFields;", "CustomName", true,
-    "ClientCustom",  "Custom Field ",                            "Custom Info ", "",
-    nullptr};
-const CustomBlockSpec kContactCustomBlock{
-    kCategoryContact,         "SELECT CustomAddressFields.* FROM CustomAddressFields;",
-    "ContactLabel",           false,
-    "Custom",                 "Contact Custom Field ",
-    "Contact Custom Info ",   "",
-    nullptr};
+// Category, label query, label columns, test hasRecords, database fields, default display text,
+// sample text, display prefix, stored name of the fifth default row.
+// clang-format off
+const CustomBlockSpec kClientCustomBlock{kCategoryClient, kCustomFieldsQuery, "CustomName", true, "ClientCustom", "Custom Field ", "Custom Info ", "", nullptr};
+const CustomBlockSpec kContactCustomBlock{kCategoryContact, kCustomAddressFieldsQuery, "ContactLabel", false, "Custom", "Contact Custom Field ", "Contact Custom Info ", "", nullptr};
+// clang-format on
 
 }  // namespace nvwm::catalogue

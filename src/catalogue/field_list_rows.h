@@ -11,14 +11,14 @@ namespace nvwm::catalogue {
 // When a row is offered. Rows without a condition are always added.
 enum class Only : uint8_t {
   kAlways,
-  kUse2,              // MergeFieldListUse is 2 (the split address lines)
-  kNotUse2,           // MergeFieldListUse is not 2
-  kCountry1,          // country code 1 (Canada)
-  kCountry1NotUse2,   // country code 1 and MergeFieldListUse not 2 (abbreviated provinces)
-  kOtherCountry,      // any country code but 1
-  kProvince3,         // country code 1 rows only: province code 3 (Ontario)
-  kProvince8,         // province code 8 (Quebec)
-  kProvinceNot8,      // any province code but 8
+  kUse2,             // MergeFieldListUse is 2 (the split address lines)
+  kNotUse2,          // MergeFieldListUse is not 2
+  kCountry1,         // country code 1 (Canada)
+  kCountry1NotUse2,  // country code 1 and MergeFieldListUse not 2 (abbreviated provinces)
+  kOtherCountry,     // any country code but 1
+  kProvince3,        // country code 1 rows only: province code 3 (Ontario)
+  kProvince8,        // province code 8 (Quebec)
+  kProvinceNot8,     // any province code but 8
 };
 
 // The sample value of a row.
@@ -68,6 +68,11 @@ struct FieldBlockSpec {
   const char* category;
   std::span<const FieldRowSpec> rows;
 };
+
+// The two label tables of the custom blocks, one row each.
+inline constexpr const char* kCustomFieldsQuery = "SELECT CustomFields.* FROM CustomFields;";
+inline constexpr const char* kCustomAddressFieldsQuery =
+    "SELECT CustomAddressFields.* FROM CustomAddressFields;";
 
 // One custom block: five rows "Custom1".."Custom5" (or another stem), labelled from the database.
 struct CustomBlockSpec {

@@ -185,9 +185,12 @@ void clsInsertFieldsInRTB::addCustomBlock(Routine& r, const ListTarget& list,
                                           const CustomBlockSpec& block) {
   auto numbered = [](const char* stem, int n) { return std::string(stem) + std::to_string(n); };
   auto row = [&](int n, const std::string& display) {
-    return IDList::Row{Variant(numbered(block.databaseFieldStem, n)), Variant(display),
-                       Variant(block.category), Variant(kFieldTypeText),
-                       Variant(numbered(block.sampleStem, n)), Variant(kCustomFieldSize)};
+    return IDList::Row{Variant(numbered(block.databaseFieldStem, n)),
+                       Variant(display),
+                       Variant(block.category),
+                       Variant(kFieldTypeText),
+                       Variant(numbered(block.sampleStem, n)),
+                       Variant(kCustomFieldSize)};
   };
 
   DatabaseService* db = nullptr;
@@ -216,13 +219,15 @@ void clsInsertFieldsInRTB::addCustomBlock(Routine& r, const ListTarget& list,
 
   Handle labels = kNoHandle;
   bool hasLabels = true;
-  r.step([&] { labels = db->openRecordset(block.labelQuery, kCursorKeyset, kLockReadOnly, true,
-                                          "", true); });
+  r.step([&] {
+    labels = db->openRecordset(block.labelQuery, kCursorKeyset, kLockReadOnly, true, "", true);
+  });
   if (block.testHasRecords) r.step([&] { hasLabels = db->hasRecords(labels); });
   if (hasLabels) {
     for (int n = 1; n <= kCustomRows && r.running(); ++n) {
       std::string label;
-      r.step([&] { label = CStr(db->getField(labels, Variant(numbered(block.labelColumnStem, n)))); });
+      r.step(
+          [&] { label = CStr(db->getField(labels, Variant(numbered(block.labelColumnStem, n)))); });
       r.step([&] {
         if (!label.empty() && label.back() == ':') label.pop_back();
       });

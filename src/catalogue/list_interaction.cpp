@@ -23,9 +23,20 @@ constexpr const char* kDateFieldFormat = ", mmmm d yyyy)";
 
 // The date formats a host offers by number, 1 to 14.
 constexpr std::array<const char*, 14> kCurrentDateFormats = {
-    "dddd, mmmm d yyyy", "dddd mmmm d yyyy", "mmmm d, yyyy", "mmmm d yyyy", "mmm d yyyy",
-    "dd/mm/yy",          "mm/dd/yy",         "d",            "dddd",        "mmmm",
-    "mmm",               "yyyy",             "mmmm yyyy",    "mmmm d",
+    "dddd, mmmm d yyyy",
+    "dddd mmmm d yyyy",
+    "mmmm d, yyyy",
+    "mmmm d yyyy",
+    "mmm d yyyy",
+    "dd/mm/yy",
+    "mm/dd/yy",
+    "d",
+    "dddd",
+    "mmmm",
+    "mmm",
+    "yyyy",
+    "mmmm yyyy",
+    "mmmm d",
 };
 
 std::string currentDateFormat(int32_t dateFormat) {

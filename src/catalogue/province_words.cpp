@@ -11,8 +11,8 @@ struct ProvinceRow {
 
 // Province code, board word, short name. Any code not here: "WSIB", "ON".
 constexpr ProvinceRow kProvinces[] = {
-    {0, "WCB", "Alberta"}, {1, "WCB", "BC"},     {2, "WCB", "Manitoba"},
-    {4, "WCB", "Sask."},   {8, "CSST", "Que."},  {9, "WCB", "N.S."},
+    {0, "WCB", "Alberta"}, {1, "WCB", "BC"},       {2, "WCB", "Manitoba"},
+    {4, "WCB", "Sask."},   {8, "CSST", "Que."},    {9, "WCB", "N.S."},
     {10, "WHSCC", "N.B."}, {11, "WHSCC", "Nfld."}, {12, "WCB", "P.E.I."},
 };
 
@@ -31,8 +31,8 @@ std::string firstTaxWord(int32_t code, Date today) {
 }  // namespace
 
 ProvinceWords provinceWords(int32_t provinceCode, Date today) {
-  ProvinceWords words{firstTaxWord(provinceCode, today), provinceCode == 8 ? "QST" : "PST",
-                      "WSIB", "ON"};
+  ProvinceWords words{firstTaxWord(provinceCode, today), provinceCode == 8 ? "QST" : "PST", "WSIB",
+                      "ON"};
   for (const ProvinceRow& row : kProvinces) {
     if (row.code == provinceCode) {
       words.board = row.board;

@@ -9,14 +9,14 @@
 // list box instead, text and ItemData. Without --db the build runs as with no connection (the
 // custom fields get their default names). --date stands for today (the tax names change on
 // 1 July 2010; samples carry the current year).
+#include <spdlog/sinks/stdout_sinks.h>
+#include <spdlog/spdlog.h>
+
 #include <cstdio>
 #include <iostream>
 #include <memory>
 #include <optional>
 #include <string>
-
-#include <spdlog/sinks/stdout_sinks.h>
-#include <spdlog/spdlog.h>
 
 #include "catalogue/cls_insert_fields_in_rtb.h"
 #include "cli/commands.h"
@@ -36,7 +36,8 @@ std::string cell(const Variant& v) { return v.isMissing() || v.isEmpty() ? "" : 
 void printCatalogue(IDList& list) {
   for (list.moveFirst(); !list.isAtEnd(); list.moveNext()) {
     std::string line = std::to_string(list.currentKey());
-    for (int16_t c = column(FieldColumn::kDatabaseField); c <= column(FieldColumn::kFieldSize); ++c) {
+    for (int16_t c = column(FieldColumn::kDatabaseField); c <= column(FieldColumn::kFieldSize);
+         ++c) {
       line += '\t' + cell(list.getColumn(c));
     }
     std::cout << line << '\n';

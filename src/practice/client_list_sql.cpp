@@ -62,7 +62,7 @@ std::string getMainBusinessSQLString(bool showOnlyVisible, int32_t statusFilter)
     LocaleService* locale = references().LocaleReference.get();
     if (locale == nullptr) raise(ErrorNumber::kObjectVariableNotSet, "LocaleReference");
     bool canada = locale->getCountryCode() == 1;
-    const char* select = canada ? kSelectCanada
+    const char* select = canada            ? kSelectCanada
                          : showOnlyVisible ? kSelectOtherVisible
                                            : kSelectOtherAll;
     const char* where = (showOnlyVisible ? kWhereVisible : kWhereAll)[statusFilter - 1];

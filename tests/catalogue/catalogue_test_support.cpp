@@ -9,8 +9,8 @@ void FakeLabelDatabase::addUntouchedLabels() {
   Row fields, addressFields;
   for (int n = 1; n <= 5; ++n) {
     std::string label = "Custom " + std::to_string(n);
-    for (const char* stem :
-         {"CustomName", "ApptCustomName", "RemittanceLabel", "TaskCustomName", "DocketCustomName"}) {
+    for (const char* stem : {"CustomName", "ApptCustomName", "RemittanceLabel", "TaskCustomName",
+                             "DocketCustomName"}) {
       fields[stem + std::to_string(n)] = Variant(label);
     }
     for (const char* stem : {"ContactLabel", "CompanyLabel"}) {

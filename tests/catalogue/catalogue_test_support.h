@@ -34,10 +34,10 @@ class RecordingDatabase : public DatabaseService {
  public:
   explicit RecordingDatabase(std::shared_ptr<DatabaseService> inner = nullptr)
       : inner_(std::move(inner)) {}
-  std::vector<std::string> opened;             // every SQL text, in order
-  std::vector<Handle> openedHandles;           // the handle each one gave
-  std::vector<Handle> closed;                  // every handle closed, in order
-  std::vector<std::string> events;             // "open <sql>" and "close <handle>", in order
+  std::vector<std::string> opened;    // every SQL text, in order
+  std::vector<Handle> openedHandles;  // the handle each one gave
+  std::vector<Handle> closed;         // every handle closed, in order
+  std::vector<std::string> events;    // "open <sql>" and "close <handle>", in order
 
   int32_t getRecordCount(Handle h) override { return inner().getRecordCount(h); }
   bool isEmptyRecordset(Handle h) override { return inner().isEmptyRecordset(h); }
@@ -114,8 +114,7 @@ class FakeLabelDatabase : public DatabaseService {
   bool hasRecords(Handle h) override { return !rows(h).empty(); }
   void moveNext(Handle) override {}
   Variant getField(Handle h, const Variant& name) override;
-  void setField(Handle, const std::string&, const std::string&, const std::string&,
-                bool) override {
+  void setField(Handle, const std::string&, const std::string&, const std::string&, bool) override {
     raise(ErrorNumber::kDatabaseError, "read-only");
   }
   void addNewRecord(Handle) override { raise(ErrorNumber::kDatabaseError, "read-only"); }

@@ -54,8 +54,8 @@ TEST_F(CustomLabelsTest, LabelsLoseATrailingColonAndUntouchedOnesFallBack) {
       {Variant("Fiscal Agent"), "Fiscal Agent"},
       {Variant("Custom 1"), "Custom Field 1"},
       {Variant("Custom 1:"), "Custom Field 1"},
-      {Variant("custom 1"), "custom 1"},     // exact test only
-      {Variant("Custom 2"), "Custom 2"},     // untouched only as its own row's label
+      {Variant("custom 1"), "custom 1"},         // exact test only
+      {Variant("Custom 2"), "Custom 2"},         // untouched only as its own row's label
       {Variant("Ratio: a:b::"), "Ratio: a:b:"},  // only the last colon goes
       {Variant(":"), ""},
       {Variant(""), ""},
@@ -102,8 +102,8 @@ TEST_F(CustomLabelsTest, EveryBlockReadsItsOwnLabelColumns) {
     SCOPED_TRACE(c.column);
     fake->tables.clear();
     fake->addUntouchedLabels();
-    setLabel(c.sql, c.column, Variant(std::string(c.display).substr(
-                                  std::string(c.category) == "FirmInfo" ? 5 : 0)));
+    setLabel(c.sql, c.column,
+             Variant(std::string(c.display).substr(std::string(c.category) == "FirmInfo" ? 5 : 0)));
     auto catalogue = env.build(c.listType);
     bool found = false;
     for (const DumpedRow& row : dumpRows(*catalogue->FieldListStructure())) {

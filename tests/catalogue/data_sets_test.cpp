@@ -33,9 +33,8 @@ class DataSetsTest : public ::testing::Test {
     references().DatabaseReference = db;
   }
   void open(clsInsertFieldsInRTB& catalogue, const Flags& f) {
-    catalogue.initializeDataRecordsets(f.listType, f.openAll, f.recordID, f.mainClient,
-                                       f.companies, f.contacts, f.firm, f.employee, f.companyID,
-                                       f.contactID);
+    catalogue.initializeDataRecordsets(f.listType, f.openAll, f.recordID, f.mainClient, f.companies,
+                                       f.contacts, f.firm, f.employee, f.companyID, f.contactID);
   }
   // The data sets' SQL, without the label queries of the custom blocks.
   std::vector<std::string> dataSetSQL() const {
@@ -132,9 +131,15 @@ TEST_F(DataSetsTest, ReopeningClosesTheEarlierSetsFirstInOrder) {
             (std::vector<Handle>{1, 2, 3, 4, 5, 6, 7, 8, 9}));
   db->events.clear();
   open(*catalogue, {.listType = 1, .companies = true, .companyID = 5});
-  const std::vector<std::string> first = {"close 2", "close 3", "close 1",
-                                          "close 4", "close 7", "close 8",
-                                          "close 9", "close 5", "close 6",
+  const std::vector<std::string> first = {"close 2",
+                                          "close 3",
+                                          "close 1",
+                                          "close 4",
+                                          "close 7",
+                                          "close 8",
+                                          "close 9",
+                                          "close 5",
+                                          "close 6",
                                           "open SELECT Companies.* From Companies WHERE "
                                           "Companies.companyID=5;"};
   ASSERT_GE(db->events.size(), first.size());
@@ -202,8 +207,13 @@ TEST_F(DataSetsTest, WithoutErrorServiceTheRoutinesStillRun) {
 // first build must survive the second, which adds only the firm's rows.
 TEST_F(DataSetsTest, SecondBuildWithMinusOneKeepsTheClientRows) {
   auto catalogue = env.makeCatalogue();
-  open(*catalogue, {.listType = 1, .recordID = -1, .mainClient = true, .companies = true,
-                    .contacts = true, .firm = true, .employee = true});
+  open(*catalogue, {.listType = 1,
+                    .recordID = -1,
+                    .mainClient = true,
+                    .companies = true,
+                    .contacts = true,
+                    .firm = true,
+                    .employee = true});
   std::vector<std::string> first = displayNames(*catalogue->FieldListStructure());
   bool noList = false;
   catalogue->createDefaultFieldListStructure(-1, noList, true);

@@ -28,9 +28,9 @@ inline Names calendarCustom(const std::string& stem) {
   return join({numbered(stem, 1, 4), {"Custom Remmit Field 5"}});
 }
 
-inline const Names kAppointment = {"Appointment Name",     "Appointment Date",
+inline const Names kAppointment = {"Appointment Name",       "Appointment Date",
                                    "Appointment Start Time", "Appointment End Time",
-                                   "Time Duration",        "Appointment Text"};
+                                   "Time Duration",          "Appointment Text"};
 
 inline const Names kDocket = {"Time Entry Name",
                               "Time Entry Date",
@@ -61,9 +61,10 @@ inline const Names kDocket = {"Time Entry Name",
                               "Internal Time Entry Description",
                               "Invoice Time Entry Description"};
 
-inline const Names kTaskSchedule = {"Task Name",          "Task Due Date",     "Task in-House Due Date",
-                                    "Task Calendar Date", "Employee Assigned", "Task Year",
-                                    "Amount Paid",        "Completed By",      "Date Completed"};
+inline const Names kTaskSchedule = {
+    "Task Name",          "Task Due Date",     "Task in-House Due Date",
+    "Task Calendar Date", "Employee Assigned", "Task Year",
+    "Amount Paid",        "Completed By",      "Date Completed"};
 
 inline const Names kTask = {"Task Subject",  "Task Calendar Date", "Task Start Time",
                             "Task End Time", "Time Duration",      "Task Text"};
@@ -112,28 +113,17 @@ inline Names contactName(bool use2 = false) {
                 "Contact Last Name", "Contact Name Suffix"}});
 }
 
-inline const Names kAccountingOntario = {"Business Number",
-                                         "RC59 Permission Level",
-                                         "RC59 Form Status",
-                                         "HST Number",
-                                         "HST Filing Method",
-                                         "PST Number",
-                                         "Payroll Number",
-                                         "Payroll Registered As",
-                                         "Year End Date",
-                                         "Federal Corp. Tax Number",
-                                         "ON Corp. Tax Number",
-                                         "ON Corp. MCBS Number",
-                                         "Incorporation Date",
-                                         "Charitable Number",
-                                         "WSIB Number",
-                                         "WSIB Firm Number",
-                                         "WSIB Premium Rate",
-                                         "WSIB Coverage",
-                                         "EHT Number",
-                                         "EHT Premium Rate",
-                                         "Name Renewal Date",
-                                         "Law Society Member Number"};
+inline const Names kAccountingOntario = {"Business Number",     "RC59 Permission Level",
+                                         "RC59 Form Status",    "HST Number",
+                                         "HST Filing Method",   "PST Number",
+                                         "Payroll Number",      "Payroll Registered As",
+                                         "Year End Date",       "Federal Corp. Tax Number",
+                                         "ON Corp. Tax Number", "ON Corp. MCBS Number",
+                                         "Incorporation Date",  "Charitable Number",
+                                         "WSIB Number",         "WSIB Firm Number",
+                                         "WSIB Premium Rate",   "WSIB Coverage",
+                                         "EHT Number",          "EHT Premium Rate",
+                                         "Name Renewal Date",   "Law Society Member Number"};
 
 inline const Names kAccountingUS = {"Federal Employer Identification Number",
                                     "Sellers Permit Number",
@@ -147,9 +137,12 @@ inline const Names kAccountingUS = {"Federal Employer Identification Number",
                                     "Terminal Location",
                                     "Alcohol Number"};
 
-inline const Names kSoftware = {"Software Name",          "Software Serial Number",
-                                "Software Version",       "Software Account Number",
-                                "Data File Saved As",     "User Name",
+inline const Names kSoftware = {"Software Name",
+                                "Software Serial Number",
+                                "Software Version",
+                                "Software Account Number",
+                                "Data File Saved As",
+                                "User Name",
                                 "Password"};
 
 // An address of the contact detail block: "<prefix> Address", "<prefix> City", ...
@@ -174,22 +167,21 @@ inline Names address(const std::string& prefix, bool canada, bool use2) {
 inline Names contactDetail(bool canada, bool use2 = false) {
   return join({{canada ? "Contact SIN" : "Contact SSN", "Contact Employee Type",
                 "Contact Percentage Ownership", "Contact Business Name", "Contact Job Title",
-                "Contact Business Department", "Contact Business Office",
-                "Contact Business Phone", "Contact Business Alt. Phone", "Contact Business Cell",
-                "Contact Business Pager", "Contact Business Fax"},
+                "Contact Business Department", "Contact Business Office", "Contact Business Phone",
+                "Contact Business Alt. Phone", "Contact Business Cell", "Contact Business Pager",
+                "Contact Business Fax"},
                address("Contact Business", canada, use2),
-               {"Contact Business Country", "Contact Business Web Site",
-                "Contact Business Email", "Contact Business FaceBook URL",
-                "Contact Business Twitter Account", "Contact Personal Phone",
-                "Contact Personal Cell", "Contact Personal Pager", "Contact Personal Fax",
-                "Contact Personal Web Site", "Contact Personal Email",
+               {"Contact Business Country", "Contact Business Web Site", "Contact Business Email",
+                "Contact Business FaceBook URL", "Contact Business Twitter Account",
+                "Contact Personal Phone", "Contact Personal Cell", "Contact Personal Pager",
+                "Contact Personal Fax", "Contact Personal Web Site", "Contact Personal Email",
                 "Contact Personal FaceBook URL", "Contact Personal Twitter Account"},
                address("Contact Home", canada, use2),
                {"Contact Home Country", "Contact Children", "Contact Gender", "Contact Birthday",
                 "Contact Anniversary", "Contact Spoken Language", "Contact Marital Status",
-                "Spouse Name Prefix", "Spouse First Name", "Spouse Middle Name",
-                "Spouse Last Name", "Spouse Name Suffix", "Spouse Display Name",
-                "Spouse Personal Email", "Spouse Home Phone", "Spouse Personal Cell"},
+                "Spouse Name Prefix", "Spouse First Name", "Spouse Middle Name", "Spouse Last Name",
+                "Spouse Name Suffix", "Spouse Display Name", "Spouse Personal Email",
+                "Spouse Home Phone", "Spouse Personal Cell"},
                address("Spouse Home", canada, use2),
                {"Spouse Home Country", "Spouse Gender", "Spouse Birthday",
                 canada ? "Spouse SIN" : "Spouse SSN"},
@@ -199,19 +191,17 @@ inline Names contactDetail(bool canada, bool use2 = false) {
 }
 
 inline Names firm(bool canada) {
-  return join({{"Your Company Name", "Your Corporate Name", "Your Company Type",
-                "Your Industry Type", "Your Address", "Your City"},
-               canada ? Names{"Your Province", "Your Postal Code"}
-                      : Names{"Your State", "Your Zip Code"},
-               {"Your Country", "Your Office Number", "Your Fax Number", "Your Email",
-                "Your Web Site"},
-               numbered("Your Company Custom Field ")});
+  return join(
+      {{"Your Company Name", "Your Corporate Name", "Your Company Type", "Your Industry Type",
+        "Your Address", "Your City"},
+       canada ? Names{"Your Province", "Your Postal Code"} : Names{"Your State", "Your Zip Code"},
+       {"Your Country", "Your Office Number", "Your Fax Number", "Your Email", "Your Web Site"},
+       numbered("Your Company Custom Field ")});
 }
 
 // The client-side rows every client kind of list has after its company rows.
 inline Names accountingAndSoftware(bool canada) {
-  return join({canada ? kAccountingOntario : kAccountingUS, numbered("Custom Field "),
-               kSoftware});
+  return join({canada ? kAccountingOntario : kAccountingUS, numbered("Custom Field "), kSoftware});
 }
 
 }  // namespace nvwm::testing::expected

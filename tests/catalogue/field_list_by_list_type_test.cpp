@@ -25,8 +25,7 @@ Names expectedFor(int32_t listType, bool ca, bool use2 = false) {
                    clientSide, firm(ca)});
     case 8:
       return join({kTaskSchedule, calendarCustom("Custom Task Field "), kTask,
-                   calendarCustom("Custom Task Field "), company(ca, use2), clientSide,
-                   firm(ca)});
+                   calendarCustom("Custom Task Field "), company(ca, use2), clientSide, firm(ca)});
     default:
       return firm(ca);
   }
@@ -82,7 +81,8 @@ TEST(FieldListByListTypeTest, TaskListOffersCustomOneOfBothGroups) {
   auto catalogue = env.build(8);
   std::vector<std::string> custom1;
   for (const DumpedRow& row : dumpRows(*catalogue->FieldListStructure())) {
-    if (row.columns[1] == "Custom Task Field 1") custom1.push_back(row.columns[0] + "/" + row.columns[2]);
+    if (row.columns[1] == "Custom Task Field 1")
+      custom1.push_back(row.columns[0] + "/" + row.columns[2]);
   }
   EXPECT_EQ(custom1, (Names{"Custom1/TaskInfo", "TaskCustom1/TaskInfo"}));
 }

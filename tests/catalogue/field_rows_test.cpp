@@ -44,10 +44,9 @@ TEST(FieldRowsTest, ColumnsOfNamedRows) {
       {1, 1, "Software Name", "SoftwareName", "SoftwareInfo", "Text", nullptr, "255"},
       {1, 1, "Contact SIN", "SocialInsuranceNumber", "ContactInfo", "Text", nullptr, "20"},
       {1, 2, "Contact SSN", "SocialInsuranceNumber", "ContactInfo", "Text", nullptr, "20"},
-      {1, 1, "Contact Percentage Ownership", "PercentageOwnership", "ContactInfo", "Text",
-       nullptr, "10"},
-      {1, 1, "Contact Business Country", "BusinessCountry", "ContactInfo", "Text", "Country",
-       "50"},
+      {1, 1, "Contact Percentage Ownership", "PercentageOwnership", "ContactInfo", "Text", nullptr,
+       "10"},
+      {1, 1, "Contact Business Country", "BusinessCountry", "ContactInfo", "Text", "Country", "50"},
       {1, 1, "Contact Home Country", "HomeCountry", "ContactInfo", "Text", "Canada", "50"},
       {1, 1, "Contact Birthday", "Birthday", "ContactInfo", "Date", "Jun 25, 1951", "-1"},
       {1, 1, "Contact Anniversary", "Anniversary", "ContactInfo", "Date", "Apr 25, 1975", "-1"},
@@ -74,12 +73,11 @@ TEST(FieldRowsTest, ColumnsOfNamedRows) {
       {6, 1, "Time Entry Locked", "DocketLocked", "DocketInfo", "Yes/No", "No", "-1"},
       {6, 1, "Time To (Actual Time)", "RealTimeTo", "DocketInfo", "Time(h:Nn am/pm)", "10:03 am",
        "-1"},
-      {6, 1, "Total Time (Adjusted)", "TotalTimeAdjusted", "DocketInfo", "Time(hrs/min)",
-       "0 min", "-1"},
+      {6, 1, "Total Time (Adjusted)", "TotalTimeAdjusted", "DocketInfo", "Time(hrs/min)", "0 min",
+       "-1"},
       {6, 1, "Total Amount (Final)", "TotalAmountFinal", "DocketInfo", "Dollars", "$25.00", "-1"},
       {8, 1, "Task Name", "Subject", "TaskInfo", "Text", "1st Quarterly GST Payment", "150"},
-      {8, 1, "Task in-House Due Date", "inHouseDueDate", "TaskInfo", "Date", "Jan 27, 2026",
-       "-1"},
+      {8, 1, "Task in-House Due Date", "inHouseDueDate", "TaskInfo", "Date", "Jan 27, 2026", "-1"},
       {8, 1, "Task Calendar Date", "CalendarDate", "TaskInfo", "Date", "Jan 27, 2026", kMissing},
       {8, 1, "Task Year", "Year", "TaskInfo", "Text", "2026", "12"},
       {8, 1, "Amount Paid", "Amount", "TaskInfo", "Text", "$123.50", "15"},
@@ -104,7 +102,9 @@ TEST(FieldRowsTest, ColumnsOfNamedRows) {
     EXPECT_EQ(row->columns[0], c.databaseField);
     EXPECT_EQ(row->columns[2], c.category);
     EXPECT_EQ(row->columns[3], c.fieldType);
-    if (c.sample != nullptr) EXPECT_EQ(row->columns[4], c.sample);
+    if (c.sample != nullptr) {
+      EXPECT_EQ(row->columns[4], c.sample);
+    }
     EXPECT_NE(row->columns[4], kMissing);
     EXPECT_EQ(row->columns[5], c.size);
   }

@@ -40,8 +40,7 @@ std::vector<Entry> clientTail(ExpectedList& e, bool ca = true) {
   return e.entries;
 }
 
-std::vector<Entry> listBoxAfterBuild(CatalogueEnvironment& env, int32_t listType,
-                                     int32_t use = 1) {
+std::vector<Entry> listBoxAfterBuild(CatalogueEnvironment& env, int32_t listType, int32_t use = 1) {
   auto catalogue = env.makeCatalogue();
   auto list = std::make_shared<TextListBox>();
   catalogue->MergeFieldListUse(use);
@@ -58,8 +57,18 @@ TEST(ListBoxTest, EntriesAndItemDataByListType) {
     int32_t country;
     std::vector<Entry> (*expected)(bool);
   } cases[] = {
-      {1, 1, [](bool) { ExpectedList e; e.header("[Company Address Info]", false).fields(company(true)); return clientTail(e); }},
-      {1, 2, [](bool) { ExpectedList e; e.header("[Company Address Info]", false).fields(company(false)); return clientTail(e, false); }},
+      {1, 1,
+       [](bool) {
+         ExpectedList e;
+         e.header("[Company Address Info]", false).fields(company(true));
+         return clientTail(e);
+       }},
+      {1, 2,
+       [](bool) {
+         ExpectedList e;
+         e.header("[Company Address Info]", false).fields(company(false));
+         return clientTail(e, false);
+       }},
       {3, 1,
        [](bool) {
          ExpectedList e;

@@ -112,14 +112,22 @@ TEST_F(ListInteractionTest, CurrentDateField) {
     int32_t dateFormat;
     const char* field;
   } cases[] = {
-      {1, "(Todays Date, dddd, mmmm d yyyy)"}, {2, "(Todays Date, dddd mmmm d yyyy)"},
-      {3, "(Todays Date, mmmm d, yyyy)"},      {4, "(Todays Date, mmmm d yyyy)"},
-      {5, "(Todays Date, mmm d yyyy)"},        {6, "(Todays Date, dd/mm/yy)"},
-      {7, "(Todays Date, mm/dd/yy)"},          {8, "(Todays Date, d)"},
-      {9, "(Todays Date, dddd)"},              {10, "(Todays Date, mmmm)"},
-      {11, "(Todays Date, mmm)"},              {12, "(Todays Date, yyyy)"},
-      {13, "(Todays Date, mmmm yyyy)"},        {14, "(Todays Date, mmmm d)"},
-      {0, "(Todays Date, )"},                  {15, "(Todays Date, )"},
+      {1, "(Todays Date, dddd, mmmm d yyyy)"},
+      {2, "(Todays Date, dddd mmmm d yyyy)"},
+      {3, "(Todays Date, mmmm d, yyyy)"},
+      {4, "(Todays Date, mmmm d yyyy)"},
+      {5, "(Todays Date, mmm d yyyy)"},
+      {6, "(Todays Date, dd/mm/yy)"},
+      {7, "(Todays Date, mm/dd/yy)"},
+      {8, "(Todays Date, d)"},
+      {9, "(Todays Date, dddd)"},
+      {10, "(Todays Date, mmmm)"},
+      {11, "(Todays Date, mmm)"},
+      {12, "(Todays Date, yyyy)"},
+      {13, "(Todays Date, mmmm yyyy)"},
+      {14, "(Todays Date, mmmm d)"},
+      {0, "(Todays Date, )"},
+      {15, "(Todays Date, )"},
       {-1, "(Todays Date, )"},
   };
   for (const auto& c : cases) {

@@ -45,18 +45,20 @@ TEST(ProvinceRowsTest, TaxBoardAndShortNamesByProvince) {
   for (const auto& c : cases) {
     SCOPED_TRACE(c.province);
     std::string t1 = c.tax1, t2 = c.tax2, b = c.board, s = c.shortName;
-    std::vector<std::string> expected = {
-        "Business Number", "RC59 Permission Level", "RC59 Form Status", t1 + " Number",
-        t1 + " Filing Method", t2 + " Number", "Payroll Number", "Payroll Registered As",
-        "Year End Date", "Federal Corp. Tax Number", s + " Corp. Tax Number"};
+    std::vector<std::string> expected = {"Business Number",      "RC59 Permission Level",
+                                         "RC59 Form Status",     t1 + " Number",
+                                         t1 + " Filing Method",  t2 + " Number",
+                                         "Payroll Number",       "Payroll Registered As",
+                                         "Year End Date",        "Federal Corp. Tax Number",
+                                         s + " Corp. Tax Number"};
     if (c.province == 8) expected.push_back("Quebec ID Number");
     if (c.province == 3) expected.push_back("ON Corp. MCBS Number");
     expected.insert(expected.end(), {"Incorporation Date", "Charitable Number"});
     expected.push_back(c.province == 8 ? "NEQ Number" : b + " Number");
     if (c.province == 3) expected.push_back(b + " Firm Number");
-    expected.insert(expected.end(), {b + " Premium Rate", b + " Coverage", "EHT Number",
-                                     "EHT Premium Rate", "Name Renewal Date",
-                                     "Law Society Member Number"});
+    expected.insert(expected.end(),
+                    {b + " Premium Rate", b + " Coverage", "EHT Number", "EHT Premium Rate",
+                     "Name Renewal Date", "Law Society Member Number"});
     EXPECT_EQ(rowsFor(c.province, after), expected);
   }
 }

@@ -45,7 +45,8 @@ TEST(ClientListSqlTest, PiecesByCountryVisibilityAndStatus) {
     int32_t status;
     std::string sql;
   } cases[] = {
-      {1, true, 1, kSelectCanada + kFromCanada + visible + "AND ClientData.ActiveStatus=1 " + order},
+      {1, true, 1,
+       kSelectCanada + kFromCanada + visible + "AND ClientData.ActiveStatus=1 " + order},
       {1, true, 2,
        kSelectCanada + kFromCanada + visible + "AND NOT ClientData.ActiveStatus=1 " + order},
       {1, true, 3, kSelectCanada + kFromCanada + visible + order},
@@ -70,7 +71,8 @@ TEST(ClientListSqlTest, PiecesByCountryVisibilityAndStatus) {
     EXPECT_EQ(getMainBusinessSQLString(c.showOnlyVisible, c.status), c.sql);
     EXPECT_TRUE(refs.errors->errors.empty());
     EXPECT_EQ(refs.errors->entered,
-              (std::vector<std::string>{"Tallowbrook.exe-modDatabaseFunctions-getMainBusinessSQLString"}));
+              (std::vector<std::string>{
+                  "Tallowbrook.exe-modDatabaseFunctions-getMainBusinessSQLString"}));
   }
 }
 
