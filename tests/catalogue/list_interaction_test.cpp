@@ -153,3 +153,23 @@ TEST_F(ListInteractionTest, InsertCurrentDateAlwaysBracketsAndInsertsEvenWithout
 
 }  // namespace
 }  // namespace nvwm::testing
+
+namespace nvwm::testing {
+namespace {
+
+TEST(ListInteractionOnTextBoxTest, ClickAndDateGoIntoTheTextAtTheCaret) {
+  CatalogueEnvironment env;  // the default RTBTextInserter
+  auto catalogue = env.build(1);
+  auto box = std::make_shared<TextRichTextBox>("Dear , today");
+  box->put("SelStart", {}, Variant(int32_t{5}));
+  catalogue->RTB(box);
+  catalogue->onListClick(catalogue->FieldListStructure()->findRow(2, Variant("Client ID")));
+  EXPECT_EQ(box->text(), "Dear «Client ID», today");
+  box->put("SelStart", {}, Variant(int32_t{0}));
+  catalogue->InsertCurrentDate(12);
+  EXPECT_EQ(box->text(), "«(Todays Date, yyyy)»Dear «Client ID», today");
+  EXPECT_TRUE(env.refs.errors->errors.empty());
+}
+
+}  // namespace
+}  // namespace nvwm::testing
