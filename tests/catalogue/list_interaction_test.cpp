@@ -59,6 +59,13 @@ TEST_F(ListInteractionTest, NegativeItemDataGivesNothing) {
   EXPECT_TRUE(env.refs.errors->errors.empty());
 }
 
+TEST_F(ListInteractionTest, UnknownKeyReadsTheRowThatStandsCurrent) {
+  int32_t key = keyOf("Client ID");
+  EXPECT_EQ(catalogue->parseListItem(key, true), "«Client ID»");
+  EXPECT_EQ(catalogue->parseListItem(99999, true), "«Client ID»");
+  EXPECT_EQ(catalogue->getDBFieldFromListItem(99999), "ClientID");
+}
+
 TEST_F(ListInteractionTest, LowerCaseDateTypeCountsAsDate) {
   IDList& list = *catalogue->FieldListStructure();
   list.addRow(9000, {Variant("Due"), Variant("Due Day"), Variant("TaskInfo"), Variant("date")});
