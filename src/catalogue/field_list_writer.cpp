@@ -5,6 +5,9 @@
 //
 // The list control is driven late bound: "AddItem" (text), "NewIndex" (read), "ItemData" (put
 // at an index), "Refresh", "Clear". Headers and separators carry ItemData -1 and have no row.
+//
+// The firm's country (and, for the accounting rows, its province) is read once per block, and
+// the words that follow them are chosen afresh at each build.
 #include <string>
 
 #include "catalogue/cls_insert_fields_in_rtb.h"
