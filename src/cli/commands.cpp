@@ -10,6 +10,9 @@ void setExitCode(int code) { gExitCode = code; }
 
 void registerCommands(CLI::App& app) {
   registerSelfCheck(app);
+  registerSampleDb(app);
+  registerSql(app);
+  registerDocxMerge(app);
   registerFields(app);
 }
 

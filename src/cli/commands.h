@@ -13,6 +13,9 @@ void setExitCode(int code);
 
 // One function per command file.
 void registerSelfCheck(CLI::App& app);
+void registerSampleDb(CLI::App& app);
+void registerSql(CLI::App& app);
+void registerDocxMerge(CLI::App& app);
 void registerFields(CLI::App& app);
 
 }  // namespace nvwm::cli

@@ -9,15 +9,14 @@
 
 #include "runtime/clock.h"
 #include "runtime/error.h"
+#include "runtime/format.h"
 #include "runtime/regional.h"
 
 namespace nvwm {
 namespace {
 
 [[noreturn]] void nullError() { raise(ErrorNumber::kInvalidUseOfNull); }
-[[noreturn]] void mismatch(std::string_view what) {
-  raise(ErrorNumber::kTypeMismatch, what);
-}
+[[noreturn]] void mismatch(std::string_view what) { raise(ErrorNumber::kTypeMismatch, what); }
 
 bool iequalsAscii(std::string_view a, std::string_view b) {
   if (a.size() != b.size()) return false;
@@ -38,71 +37,35 @@ std::string_view trimBlanks(std::string_view s) {
 // The numeric value of a variant as a double, for the number conversions.
 double numberOf(const Variant& v) {
   switch (v.type()) {
-    case VarType::kEmpty: return 0.0;
-    case VarType::kNull: nullError();
-    case VarType::kBoolean: return v.boolValue() ? -1.0 : 0.0;
-    case VarType::kInteger: return v.integerValue();
-    case VarType::kLong: return v.longValue();
-    case VarType::kSingle: return v.singleValue();
-    case VarType::kDouble: return v.doubleValue();
-    case VarType::kCurrency: return v.currencyValue().toDouble();
-    case VarType::kDate: return v.dateValue().serial();
+    case VarType::kEmpty:
+      return 0.0;
+    case VarType::kNull:
+      nullError();
+    case VarType::kBoolean:
+      return v.boolValue() ? -1.0 : 0.0;
+    case VarType::kInteger:
+      return v.integerValue();
+    case VarType::kLong:
+      return v.longValue();
+    case VarType::kSingle:
+      return v.singleValue();
+    case VarType::kDouble:
+      return v.doubleValue();
+    case VarType::kCurrency:
+      return v.currencyValue().toDouble();
+    case VarType::kDate:
+      return v.dateValue().serial();
     case VarType::kString: {
       auto n = TryParseNumber(v.stringValue());
       if (!n) mismatch("\"" + v.stringValue() + "\" is not a number");
       return *n;
     }
-    case VarType::kError: mismatch("missing argument");
-    case VarType::kObject: mismatch("object where a value is needed");
+    case VarType::kError:
+      mismatch("missing argument");
+    case VarType::kObject:
+      mismatch("object where a value is needed");
   }
   mismatch("value");
-}
-
-// The short date of the regional settings, for CStr. Knows d, dd, m, mm, yy, yyyy and the
-// separators; Format (runtime/format.h) is the full implementation.
-std::string shortDateText(const DateParts& p) {
-  const std::string& pattern = regionalSettings().shortDate;
-  std::string out;
-  for (size_t i = 0; i < pattern.size();) {
-    char c = static_cast<char>(std::tolower(static_cast<unsigned char>(pattern[i])));
-    size_t j = i;
-    while (j < pattern.size() && std::tolower(static_cast<unsigned char>(pattern[j])) == c) ++j;
-    size_t run = j - i;
-    char buf[16];
-    if (c == 'd') {
-      std::snprintf(buf, sizeof buf, run >= 2 ? "%02d" : "%d", p.day);
-      out += buf;
-    } else if (c == 'm') {
-      std::snprintf(buf, sizeof buf, run >= 2 ? "%02d" : "%d", p.month);
-      out += buf;
-    } else if (c == 'y') {
-      std::snprintf(buf, sizeof buf, run >= 4 ? "%04d" : "%02d", run >= 4 ? p.year : p.year % 100);
-      out += buf;
-    } else {
-      out.append(pattern, i, run);
-    }
-    i = j;
-  }
-  return out;
-}
-
-// General Date: the short date, the long time, or both; midnight on day 0 is "12:00:00 AM".
-std::string dateToGeneralText(Date d) {
-  DateParts p = d.parts();
-  bool hasDay = std::trunc(d.serial()) != 0;
-  bool hasTime = d.hasTime();
-  std::string out;
-  if (hasDay) out = shortDateText(p);
-  if (hasTime || !hasDay) {
-    const RegionalSettings& rs = regionalSettings();
-    int h12 = p.hour % 12 == 0 ? 12 : p.hour % 12;
-    char buf[32];
-    std::snprintf(buf, sizeof buf, "%d:%02d:%02d ", h12, p.minute, p.second);
-    if (!out.empty()) out += ' ';
-    out += buf;
-    out += p.hour < 12 ? rs.am : rs.pm;
-  }
-  return out;
 }
 
 // ---- date text reader ----
@@ -126,8 +89,8 @@ std::vector<DateToken> tokenizeDate(std::string_view s) {
         if (value < 100000) value = value * 10 + (s[j] - '0');
         ++j;
       }
-      out.push_back({DateToken::kNumber, std::string(s.substr(i, j - i)),
-                     static_cast<int>(value), static_cast<int>(j - i)});
+      out.push_back({DateToken::kNumber, std::string(s.substr(i, j - i)), static_cast<int>(value),
+                     static_cast<int>(j - i)});
       i = j;
     } else if (std::isalpha(c) || c >= 0x80) {
       size_t j = i;
@@ -152,7 +115,8 @@ std::vector<DateToken> tokenizeDate(std::string_view s) {
 int monthFromWord(std::string_view w) {
   const RegionalSettings& rs = regionalSettings();
   for (int m = 0; m < 12; ++m) {
-    if (iequalsAscii(w, rs.monthNames[m]) || iequalsAscii(w, rs.monthAbbreviations[m])) return m + 1;
+    if (iequalsAscii(w, rs.monthNames[m]) || iequalsAscii(w, rs.monthAbbreviations[m]))
+      return m + 1;
   }
   if (iequalsAscii(w, "Sept")) return 9;
   return 0;
@@ -180,6 +144,13 @@ bool shortDateIsDayFirst() {
 bool shortDateIsYearFirst() {
   const std::string& p = regionalSettings().shortDate;
   return !p.empty() && (p[0] == 'y' || p[0] == 'Y');
+}
+
+// A number as a date: 6 outside 100-01-01 .. 9999-12-31 23:59:59.
+Date dateFromSerial(double d) {
+  if (!(d >= -657434.0 && d < 2958466.0))
+    raise(ErrorNumber::kOverflow, "not in the range of dates");
+  return Date(d);
 }
 
 }  // namespace
@@ -218,8 +189,10 @@ std::optional<double> TryParseNumber(std::string_view text) {
       v = v * 16 + d;
     }
     // &H literals are 16-bit below &H10000 and 32-bit above, sign-extended as the runtime does.
-    if (s.size() - 2 <= 4 && v > 0x7FFF) v -= 0x10000;
-    else if (v > 0x7FFFFFFF && v <= 0xFFFFFFFFLL) v -= 0x100000000LL;
+    if (s.size() - 2 <= 4 && v > 0x7FFF)
+      v -= 0x10000;
+    else if (v > 0x7FFFFFFF && v <= 0xFFFFFFFFLL)
+      v -= 0x100000000LL;
     return static_cast<double>(v);
   }
   std::string clean;
@@ -305,10 +278,10 @@ std::optional<Date> TryParseDate(std::string_view text) {
           second = tokens[i + 2].value;
           i += 2;
         }
-      } else if (i + 1 < tokens.size() && tokens[i + 1].kind == DateToken::kWord &&
-                 hour < 0 &&
-                 (iequalsAscii(tokens[i + 1].text, "am") || iequalsAscii(tokens[i + 1].text, "pm") ||
-                  iequalsAscii(tokens[i + 1].text, "a") || iequalsAscii(tokens[i + 1].text, "p"))) {
+      } else if (i + 1 < tokens.size() && tokens[i + 1].kind == DateToken::kWord && hour < 0 &&
+                 (iequalsAscii(tokens[i + 1].text, "am") ||
+                  iequalsAscii(tokens[i + 1].text, "pm") || iequalsAscii(tokens[i + 1].text, "a") ||
+                  iequalsAscii(tokens[i + 1].text, "p"))) {
         hour = t.value;  // "9 am"
       } else {
         dateNumbers.push_back(t);
@@ -394,7 +367,8 @@ std::optional<Date> TryParseDate(std::string_view text) {
 
 bool CBool(const Variant& v) {
   switch (v.type()) {
-    case VarType::kBoolean: return v.boolValue();
+    case VarType::kBoolean:
+      return v.boolValue();
     case VarType::kString: {
       std::string_view s = trimBlanks(v.stringValue());
       if (iequalsAscii(s, "True")) return true;
@@ -403,7 +377,8 @@ bool CBool(const Variant& v) {
       if (!n) mismatch("\"" + v.stringValue() + "\" is not a truth value");
       return *n != 0;
     }
-    default: return numberOf(v) != 0;
+    default:
+      return numberOf(v) != 0;
   }
 }
 
@@ -436,42 +411,58 @@ Currency CCur(const Variant& v) {
 
 std::string CStr(const Variant& v) {
   switch (v.type()) {
-    case VarType::kEmpty: return "";
-    case VarType::kNull: nullError();
-    case VarType::kBoolean: return v.boolValue() ? "True" : "False";
-    case VarType::kInteger: return std::to_string(v.integerValue());
-    case VarType::kLong: return std::to_string(v.longValue());
-    case VarType::kSingle: return singleToText(v.singleValue());
-    case VarType::kDouble: return doubleToText(v.doubleValue());
+    case VarType::kEmpty:
+      return "";
+    case VarType::kNull:
+      nullError();
+    case VarType::kBoolean:
+      return v.boolValue() ? "True" : "False";
+    case VarType::kInteger:
+      return std::to_string(v.integerValue());
+    case VarType::kLong:
+      return std::to_string(v.longValue());
+    case VarType::kSingle:
+      return singleToText(v.singleValue());
+    case VarType::kDouble:
+      return doubleToText(v.doubleValue());
     case VarType::kCurrency: {
-      char buf[64];
-      std::snprintf(buf, sizeof buf, "%.4f", v.currencyValue().toDouble());
-      std::string s = buf;
-      while (s.back() == '0') s.pop_back();
-      if (s.back() == '.') s.pop_back();
-      return s == "-0" ? "0" : s;
+      // In whole units: a double can't hold every amount of 19 digits.
+      int64_t units = v.currencyValue().units;
+      uint64_t magnitude =
+          units < 0 ? uint64_t(0) - static_cast<uint64_t>(units) : static_cast<uint64_t>(units);
+      std::string s = (units < 0 ? "-" : "") + std::to_string(magnitude / 10000);
+      if (uint64_t fraction = magnitude % 10000) {
+        char buf[8];
+        std::snprintf(buf, sizeof buf, ".%04u", static_cast<unsigned>(fraction));
+        s += buf;
+        while (s.back() == '0') s.pop_back();
+      }
+      return s;
     }
-    case VarType::kDate: return dateToGeneralText(v.dateValue());
-    case VarType::kString: return v.stringValue();
-    case VarType::kError: mismatch("missing argument");
-    case VarType::kObject: mismatch("object where text is needed");
+    case VarType::kDate:
+      return generalDateText(v.dateValue());
+    case VarType::kString:
+      return v.stringValue();
+    case VarType::kError:
+      mismatch("missing argument");
+    case VarType::kObject:
+      mismatch("object where text is needed");
   }
   return "";
 }
 
 Date CDate(const Variant& v) {
   switch (v.type()) {
-    case VarType::kDate: return v.dateValue();
+    case VarType::kDate:
+      return v.dateValue();
     case VarType::kString: {
       if (auto d = TryParseDate(v.stringValue())) return *d;
-      if (auto n = TryParseNumber(v.stringValue())) return Date(*n);
-      mismatch("\"" + v.stringValue() + "\" is not a date");
+      auto n = TryParseNumber(v.stringValue());
+      if (!n) mismatch("\"" + v.stringValue() + "\" is not a date");
+      return dateFromSerial(*n);
     }
-    default: {
-      double d = numberOf(v);
-      if (d < -657434.0 || d >= 2958466.0) raise(ErrorNumber::kOverflow);
-      return Date(d);
-    }
+    default:
+      return dateFromSerial(numberOf(v));
   }
 }
 
@@ -484,12 +475,18 @@ std::optional<double> TryCDbl(const Variant& v) {
 }
 
 std::optional<Date> TryCDate(const Variant& v) {
-  if (v.isDate()) return v.dateValue();
-  if (v.isString()) return TryParseDate(v.stringValue());
-  return std::nullopt;
+  try {
+    return CDate(v);
+  } catch (const RuntimeError&) {
+    return std::nullopt;
+  }
 }
 
-bool IsDate(const Variant& v) { return TryCDate(v).has_value(); }
+// Only dates and texts in a date form: a number is no date here even though CDate takes it.
+bool IsDate(const Variant& v) {
+  if (v.isDate()) return true;
+  return v.isString() && TryParseDate(v.stringValue()).has_value();
+}
 
 bool IsNumeric(const Variant& v) {
   switch (v.type()) {
@@ -499,9 +496,12 @@ bool IsNumeric(const Variant& v) {
     case VarType::kLong:
     case VarType::kSingle:
     case VarType::kDouble:
-    case VarType::kCurrency: return true;
-    case VarType::kString: return TryParseNumber(v.stringValue()).has_value();
-    default: return false;
+    case VarType::kCurrency:
+      return true;
+    case VarType::kString:
+      return TryParseNumber(v.stringValue()).has_value();
+    default:
+      return false;
   }
 }
 

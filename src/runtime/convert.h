@@ -26,7 +26,7 @@ Currency CCur(const Variant& v);
 std::string CStr(const Variant& v);
 Date CDate(const Variant& v);
 
-// Twins that give nothing where the throwing form would raise 13 (or 94 for Null).
+// Twins that give nothing where the throwing form would raise (13, 94 for Null, 6).
 std::optional<double> TryCDbl(const Variant& v);
 std::optional<Date> TryCDate(const Variant& v);
 // Reads the date and time forms this library writes and stores: "11/23/2026", "11/23/2026
@@ -37,6 +37,8 @@ std::optional<Date> TryParseDate(std::string_view text);
 // point, an exponent ("1e3"), "&H" hex. Nothing else.
 std::optional<double> TryParseNumber(std::string_view text);
 
+// True for a Date and for a text in one of TryParseDate's forms; False for numbers, even
+// though CDate takes them, as the original.
 bool IsDate(const Variant& v);
 bool IsNumeric(const Variant& v);
 bool IsNull(const Variant& v);

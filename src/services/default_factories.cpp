@@ -1,6 +1,7 @@
 // The stand-ins the library creates for itself unless a host or a test installs others.
 #include "host/references.h"
 #include "services/date_utility.h"
+#include "services/document/word_engine.h"
 #include "services/file_utility.h"
 #include "services/folder_locale.h"
 #include "services/id_list.h"
@@ -19,6 +20,7 @@ ServiceFactories makeDefaultServiceFactories() {
   f.createWorkingFolder = [] { return std::make_shared<XdgWorkingFolder>(); };
   f.createProgressDialog = [] { return std::make_shared<TerminalProgressDialog>(); };
   f.createRTBTextInserter = [] { return std::make_shared<TextRTBTextInserter>(); };
+  f.createWordApplication = [] { return document::createDefaultWordApplication(); };
   return f;
 }
 

@@ -4,7 +4,9 @@
 #include <cstdint>
 #include <functional>
 #include <iosfwd>
+#include <memory>
 #include <string>
+#include <vector>
 
 #include "host/progress_dialog.h"
 
@@ -18,11 +20,16 @@ namespace nvwm {
 // A RuntimeError (or any exception) out of the handler also closes the dialog and goes on to
 // the caller of showDialog. With no handler linked the dialog comes up and closes at once.
 //
+// The handler may release the last reference to the dialog (the merge run does, right after
+// closeDialog): a dialog owned by a shared_ptr keeps itself alive until showDialog returns.
+//
 // On a terminal the message line is rewritten in place; on anything else (a file, a pipe) each
 // new message is a line of its own. closeDialog while not shown does nothing; showDialog while
-// shown (from inside the handler) raises 5. The option setters are kept but change nothing
-// here. Not thread-safe: the handler runs on the caller's thread, inside showDialog.
-class TerminalProgressDialog : public ProgressDialog {
+// shown (from inside the handler) raises 5. The option setters are kept, and listed by calls(),
+// but change nothing on a terminal. Not thread-safe: the handler runs on the caller's thread,
+// inside showDialog.
+class TerminalProgressDialog : public ProgressDialog,
+                               public std::enable_shared_from_this<TerminalProgressDialog> {
  public:
   // Writes to standard error, rewriting in place when standard error is a terminal.
   TerminalProgressDialog();
@@ -30,15 +37,15 @@ class TerminalProgressDialog : public ProgressDialog {
   TerminalProgressDialog(std::ostream& out, bool isTerminal) : out_(&out), tty_(isTerminal) {}
 
   void setDialogMessage(const std::string& message) override;
-  void setProgressStep(int32_t value) override { progressStep_ = value; }
-  void setDialogParent(const Variant& parentForm) override { parent_ = parentForm; }
-  void setShowCancel(bool value) override { showCancel_ = value; }
-  void setShowPercent(bool value) override { showPercent_ = value; }
-  void setShowTime(bool value) override { showTime_ = value; }
-  void setAnimate(bool value) override { animate_ = value; }
-  void setIconId(int32_t value) override { iconId_ = value; }
-  void setTopMost(bool value) override { topMost_ = value; }
-  void onStartProgress(std::function<void()> handler) override { handler_ = std::move(handler); }
+  void setProgressStep(int32_t value) override;
+  void setDialogParent(const Variant& parentForm) override;
+  void setShowCancel(bool value) override;
+  void setShowPercent(bool value) override;
+  void setShowTime(bool value) override;
+  void setAnimate(bool value) override;
+  void setIconId(int32_t value) override;
+  void setTopMost(bool value) override;
+  void onStartProgress(std::function<void()> handler) override;
   void showDialog(bool modal) override;
   void closeDialog() override;
 
@@ -46,20 +53,22 @@ class TerminalProgressDialog : public ProgressDialog {
   const std::string& message() const { return message_; }
   // True when the last showDialog ended without a closeDialog from the handler.
   bool closedByItself() const { return closedByItself_; }
-  int32_t progressStep() const { return progressStep_; }
+  // Every member called, in order, with its argument, and "StartProgress" where the event was
+  // raised: "setDialogMessage(Initializing...)", "setProgressStep(10)", "setShowCancel(False)",
+  // "setDialogParent(Empty)", "showDialog(True)", "StartProgress", "closeDialog"... For tests
+  // of a run's order.
+  const std::vector<std::string>& calls() const { return calls_; }
 
  private:
   void writeLine();
+  void close();
 
   std::ostream* out_;
   bool tty_;
   std::function<void()> handler_;
   std::string message_;
   Variant parent_;
-  int32_t progressStep_ = 0;
-  int32_t iconId_ = 0;
-  bool showCancel_ = false, showPercent_ = false, showTime_ = false, animate_ = false,
-       topMost_ = false;
+  std::vector<std::string> calls_;
   bool showing_ = false;
   bool closedByItself_ = false;
 };

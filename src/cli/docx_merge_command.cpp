@@ -1,0 +1,36 @@
+// "docx-merge": merges any .docx main document with a table of an SQLite file or a CSV file.
+#include <iostream>
+
+#include "cli/commands.h"
+#include "runtime/error.h"
+#include "services/document/word_engine.h"
+
+namespace nvwm::cli {
+
+void registerDocxMerge(CLI::App& app) {
+  auto* cmd = app.add_subcommand(
+      "docx-merge", "Merges a .docx main document with a data source into a new .docx");
+  struct Options {
+    std::string templatePath, data, table, out;
+  };
+  auto options = std::make_shared<Options>();
+  cmd->add_option("--template", options->templatePath, "The .docx main document")->required();
+  cmd->add_option("--data", options->data, "An SQLite file or a CSV file with a header row")
+      ->required();
+  cmd->add_option("--table", options->table, "The table of the SQLite file");
+  cmd->add_option("--out", options->out, "The merged .docx to write")->required();
+  cmd->callback([options] {
+    try {
+      size_t merged =
+          document::mergeFiles(options->templatePath, options->data, options->table, options->out);
+      std::cout << "merged " << merged << (merged == 1 ? " record" : " records") << " into "
+                << options->out << "\n";
+      setExitCode(0);
+    } catch (const RuntimeError& e) {
+      std::cerr << "docx-merge: " << e.description() << "\n";
+      setExitCode(1);
+    }
+  });
+}
+
+}  // namespace nvwm::cli

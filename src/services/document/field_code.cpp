@@ -1,0 +1,487 @@
+// The MERGEFIELD instruction and its switches.
+//
+// Grammar of the instruction, as Word reads the text gathered from w:instr or the w:instrText
+// runs of a field:
+//
+//   instruction := blank* "MERGEFIELD" (blank+ item)* blank*      keyword in any case
+//   item        := name | switch
+//   name        := token                                         the first non-switch item
+//   switch      := "\" letter ( blank* argument )?               \@ \# \* \b \f take one
+//                                                                 argument; \m \v none
+//   argument    := token
+//   token       := '"' ( '\"' | '\\' | any but '"' )* '"'         quotes removed
+//                | ( any but blank )+
+//
+// A switch letter glued to its argument ("\*Upper", "\@"MMMM d"") reads as if separated.
+// \* may repeat ("\* Upper \* MERGEFORMAT"). An unknown switch is skipped with its argument.
+#include "services/document/field_code.h"
+
+#include <unicode/locid.h>
+#include <unicode/uchar.h>
+#include <unicode/unistr.h>
+#include <unicode/utf8.h>
+
+#include <cmath>
+#include <cstdio>
+
+#include "runtime/convert.h"
+#include "runtime/regional.h"
+
+namespace nvwm::document {
+namespace {
+
+bool isBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == '\xA0'; }
+
+struct Token {
+  std::string text;
+  bool isSwitch = false;  // text is the switch letter
+};
+
+// Reads one token at pos (pos on a non-blank).
+std::string readToken(std::string_view s, size_t& pos) {
+  std::string out;
+  if (s[pos] == '"') {
+    ++pos;
+    while (pos < s.size() && s[pos] != '"') {
+      if (s[pos] == '\\' && pos + 1 < s.size() && (s[pos + 1] == '"' || s[pos + 1] == '\\')) ++pos;
+      out += s[pos++];
+    }
+    if (pos < s.size()) ++pos;  // closing quote; an unclosed one runs to the end
+    return out;
+  }
+  while (pos < s.size() && !isBlank(s[pos])) out += s[pos++];
+  return out;
+}
+
+std::vector<Token> tokenize(std::string_view s) {
+  std::vector<Token> tokens;
+  size_t pos = 0;
+  while (pos < s.size()) {
+    if (isBlank(s[pos])) {
+      ++pos;
+      continue;
+    }
+    if (s[pos] == '\\' && pos + 1 < s.size()) {
+      tokens.push_back({std::string(1, s[pos + 1]), true});
+      pos += 2;
+      continue;
+    }
+    tokens.push_back({readToken(s, pos), false});
+  }
+  return tokens;
+}
+
+std::string upperAscii(std::string_view s) {
+  std::string out(s);
+  for (char& c : out) {
+    if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
+  }
+  return out;
+}
+
+icu::UnicodeString toUnicode(std::string_view s) {
+  return icu::UnicodeString::fromUTF8(icu::StringPiece(s.data(), static_cast<int32_t>(s.size())));
+}
+
+std::string toUtf8(const icu::UnicodeString& u) {
+  std::string out;
+  u.toUTF8String(out);
+  return out;
+}
+
+std::string twoDigits(int n) {
+  char buf[8];
+  std::snprintf(buf, sizeof buf, "%02d", n % 100);
+  return buf;
+}
+
+// Length of the run of character c at pos.
+size_t runOf(std::string_view s, size_t pos, char c) {
+  size_t n = 0;
+  while (pos + n < s.size() && s[pos + n] == c) ++n;
+  return n;
+}
+
+bool startsWithNoCase(std::string_view s, size_t pos, std::string_view what) {
+  if (s.size() - pos < what.size()) return false;
+  return upperAscii(s.substr(pos, what.size())) == upperAscii(what);
+}
+
+// Groups a string of digits by three with the separator.
+std::string groupDigits(const std::string& digits, char separator) {
+  std::string out;
+  size_t n = digits.size();
+  for (size_t i = 0; i < n; ++i) {
+    out += digits[i];
+    size_t left = n - i - 1;
+    if (left > 0 && left % 3 == 0) out += separator;
+  }
+  return out;
+}
+
+}  // namespace
+
+bool MergeFieldCode::charFormat() const {
+  for (const auto& f : formats) {
+    if (upperAscii(f) == "CHARFORMAT") return true;
+  }
+  return false;
+}
+
+std::string fieldKeyword(std::string_view instruction) {
+  size_t pos = 0;
+  while (pos < instruction.size() && isBlank(instruction[pos])) ++pos;
+  size_t end = pos;
+  while (end < instruction.size() && !isBlank(instruction[end]) && instruction[end] != '\\' &&
+         instruction[end] != '"') {
+    ++end;
+  }
+  return upperAscii(instruction.substr(pos, end - pos));
+}
+
+std::optional<MergeFieldCode> parseMergeField(std::string_view instruction) {
+  std::vector<Token> tokens = tokenize(instruction);
+  if (tokens.empty() || tokens[0].isSwitch || upperAscii(tokens[0].text) != "MERGEFIELD") {
+    return std::nullopt;
+  }
+  MergeFieldCode code;
+  bool haveName = false;
+  for (size_t i = 1; i < tokens.size(); ++i) {
+    const Token& t = tokens[i];
+    if (!t.isSwitch) {
+      if (!haveName) {
+        code.name = t.text;
+        haveName = true;
+      }
+      continue;  // a stray word after the name is ignored, as Word does
+    }
+    char letter = t.text[0];
+    auto argument = [&]() -> std::string {
+      if (i + 1 < tokens.size() && !tokens[i + 1].isSwitch) return tokens[++i].text;
+      return {};
+    };
+    switch (letter) {
+      case '@':
+        code.datePicture = argument();
+        break;
+      case '#':
+        code.numericPicture = argument();
+        break;
+      case '*':
+        code.formats.push_back(argument());
+        break;
+      case 'b':
+      case 'B':
+        code.textBefore = argument();
+        break;
+      case 'f':
+      case 'F':
+        code.textAfter = argument();
+        break;
+      case 'm':
+      case 'M':
+        code.mapped = true;
+        break;
+      case 'v':
+      case 'V':
+        code.vertical = true;
+        break;
+      default:
+        argument();
+        break;
+    }
+  }
+  if (!haveName || code.name.empty()) return std::nullopt;
+  return code;
+}
+
+std::string plainValueText(const Variant& value) {
+  if (value.isNull() || value.isEmpty() || value.isMissing()) return {};
+  if (value.isString()) return value.stringValue();
+  if (value.isObject()) return {};
+  return CStr(value);
+}
+
+std::string formatMergeValue(const MergeFieldCode& code, const Variant& value) {
+  std::string text;
+  bool done = false;
+  if (code.datePicture) {
+    std::optional<Date> date;
+    if (value.isDate()) {
+      date = value.dateValue();
+    } else if (value.isString()) {
+      date = TryParseDate(value.stringValue());
+    }
+    if (date) {
+      text = formatWordDate(*date, *code.datePicture);
+      done = true;
+    }
+  }
+  if (!done && code.numericPicture) {
+    std::optional<double> number;
+    if (value.isNumber()) {
+      number = CDbl(value);
+    } else if (value.isString()) {
+      number = TryParseNumber(value.stringValue());
+    }
+    if (number) {
+      text = formatWordNumber(*number, *code.numericPicture);
+      done = true;
+    }
+  }
+  if (!done) text = plainValueText(value);
+  for (const auto& format : code.formats) {
+    std::string f = upperAscii(format);
+    if (f == "UPPER")
+      text = toUpperText(text);
+    else if (f == "LOWER")
+      text = toLowerText(text);
+    else if (f == "CAPS")
+      text = capsText(text);
+    else if (f == "FIRSTCAP")
+      text = firstCapText(text);
+    // MERGEFORMAT and CHARFORMAT choose formatting, not text; others are ignored.
+  }
+  if (!text.empty()) {
+    if (code.textBefore) text = *code.textBefore + text;
+    if (code.textAfter) text += *code.textAfter;
+  }
+  return text;
+}
+
+std::string formatWordDate(Date date, std::string_view p) {
+  const RegionalSettings& rs = regionalSettings();
+  DateParts d = date.parts();
+  int weekday = date.weekday();  // 1 = Sunday
+  std::string out;
+  size_t i = 0;
+  while (i < p.size()) {
+    char c = p[i];
+    if (c == '\'') {
+      size_t close = p.find('\'', i + 1);
+      if (close == std::string_view::npos) close = p.size();
+      out += p.substr(i + 1, close - i - 1);
+      i = close + 1;
+      continue;
+    }
+    if (startsWithNoCase(p, i, "am/pm")) {
+      bool lower = p[i] == 'a';
+      std::string mark = d.hour < 12 ? rs.am : rs.pm;
+      out += lower ? toLowerText(mark) : mark;
+      i += 5;
+      continue;
+    }
+    size_t n = runOf(p, i, c);
+    switch (c) {
+      case 'd':
+      case 'D':
+        n = runOf(p, i, c);
+        if (n == 1)
+          out += std::to_string(d.day);
+        else if (n == 2)
+          out += twoDigits(d.day);
+        else if (n == 3)
+          out += rs.dayAbbreviations[weekday - 1];
+        else
+          out += rs.dayNames[weekday - 1];
+        break;
+      case 'M':
+        if (n == 1)
+          out += std::to_string(d.month);
+        else if (n == 2)
+          out += twoDigits(d.month);
+        else if (n == 3)
+          out += rs.monthAbbreviations[d.month - 1];
+        else
+          out += rs.monthNames[d.month - 1];
+        break;
+      case 'y':
+      case 'Y':
+        if (n <= 2)
+          out += twoDigits(d.year);
+        else
+          out += std::to_string(d.year);
+        break;
+      case 'h': {
+        int h12 = d.hour % 12 == 0 ? 12 : d.hour % 12;
+        out += n == 1 ? std::to_string(h12) : twoDigits(h12);
+        break;
+      }
+      case 'H':
+        out += n == 1 ? std::to_string(d.hour) : twoDigits(d.hour);
+        break;
+      case 'm':
+        out += n == 1 ? std::to_string(d.minute) : twoDigits(d.minute);
+        break;
+      case 's':
+      case 'S':
+        out += n == 1 ? std::to_string(d.second) : twoDigits(d.second);
+        break;
+      default:
+        out.append(n, c);
+        break;
+    }
+    i += n;
+  }
+  return out;
+}
+
+std::string formatWordNumber(double value, std::string_view picture) {
+  const RegionalSettings& rs = regionalSettings();
+  // Sections: positive;negative;zero. A quoted ';' does not split.
+  std::vector<std::string> sections(1);
+  bool quoted = false;
+  for (char c : picture) {
+    if (c == '\'') quoted = !quoted;
+    if (c == ';' && !quoted) {
+      sections.emplace_back();
+      continue;
+    }
+    sections.back() += c;
+  }
+  std::string section = sections[0];
+  bool explicitNegative = false;
+  if (value < 0 && sections.size() >= 2) {
+    section = sections[1];
+    explicitNegative = true;
+  } else if (value == 0 && sections.size() >= 3) {
+    section = sections[2];
+  }
+  // Layout of the chosen section.
+  size_t firstPlace = std::string::npos, lastPlace = std::string::npos, point = std::string::npos;
+  int intPlaces = 0, decPlaces = 0;
+  bool grouping = false, hasSignChar = false;
+  quoted = false;
+  for (size_t i = 0; i < section.size(); ++i) {
+    char c = section[i];
+    if (c == '\'') quoted = !quoted;
+    if (quoted) continue;
+    bool place = c == '0' || c == '#' || c == 'x';
+    if (place) {
+      if (firstPlace == std::string::npos) firstPlace = i;
+      lastPlace = i;
+      (point == std::string::npos ? intPlaces : decPlaces)++;
+    } else if (c == '.' && point == std::string::npos && firstPlace != std::string::npos) {
+      point = i;
+      lastPlace = i;
+    } else if (c == '.' && firstPlace == std::string::npos && i + 1 < section.size() &&
+               (section[i + 1] == '0' || section[i + 1] == '#' || section[i + 1] == 'x')) {
+      point = i;
+      firstPlace = i;
+      lastPlace = i;
+    } else if (c == ',' && firstPlace != std::string::npos && point == std::string::npos) {
+      grouping = true;
+    } else if (c == '-' || c == '+') {
+      hasSignChar = true;
+    }
+  }
+  auto literal = [&](std::string_view part, bool negative, bool zero) {
+    std::string out;
+    bool q = false;
+    for (char c : part) {
+      if (c == '\'') {
+        q = !q;
+        continue;
+      }
+      if (!q && c == '-')
+        out += negative ? "-" : " ";
+      else if (!q && c == '+')
+        out += negative ? "-" : zero ? " " : "+";
+      else
+        out += c;
+    }
+    return out;
+  };
+  if (firstPlace == std::string::npos) return literal(section, value < 0, value == 0);
+
+  double magnitude = std::fabs(value);
+  double scale = std::pow(10.0, decPlaces);
+  double rounded = std::floor(magnitude * scale + 0.5) / scale;  // half away from zero
+  char buf[400];
+  std::snprintf(buf, sizeof buf, "%.*f", decPlaces, rounded);
+  std::string digits = buf;
+  std::string intDigits = digits.substr(0, digits.find('.'));
+  std::string decDigits = decPlaces > 0 ? digits.substr(digits.find('.') + 1) : "";
+  if (intDigits == "0") intDigits.clear();
+
+  // Integer part: placeholders from the right take the digits; x drops what is left of it.
+  std::string integerPart;
+  {
+    std::string placeholders;
+    for (size_t i = firstPlace; i <= lastPlace && (point == std::string::npos || i < point); ++i) {
+      char c = section[i];
+      if (c == '0' || c == '#' || c == 'x') placeholders += c;
+    }
+    size_t xAt = placeholders.find('x');
+    if (xAt != std::string::npos) {
+      size_t keep = placeholders.size() - xAt;
+      if (intDigits.size() > keep) intDigits = intDigits.substr(intDigits.size() - keep);
+    }
+    std::string filled;
+    int pi = static_cast<int>(placeholders.size()) - 1;
+    int di = static_cast<int>(intDigits.size()) - 1;
+    for (; pi >= 0 && di >= 0; --pi, --di) filled.insert(filled.begin(), intDigits[di]);
+    if (di >= 0) filled.insert(0, intDigits.substr(0, di + 1));  // more digits than places
+    for (; pi >= 0; --pi) {
+      if (placeholders[pi] == '0') filled.insert(filled.begin(), '0');
+    }
+    integerPart = grouping ? groupDigits(filled, rs.thousandsSeparator) : filled;
+  }
+  std::string decimalPart;
+  if (point != std::string::npos) {
+    decimalPart += rs.decimalSeparator;
+    decimalPart += decDigits;
+  }
+  bool negative = value < 0 && rounded != 0;
+  std::string sign = negative && !explicitNegative && !hasSignChar ? "-" : "";
+  return sign + literal(std::string_view(section).substr(0, firstPlace), negative, value == 0) +
+         integerPart + decimalPart +
+         literal(std::string_view(section).substr(lastPlace + 1), negative, value == 0);
+}
+
+std::string toUpperText(std::string_view text) {
+  icu::UnicodeString u = toUnicode(text);
+  u.toUpper(icu::Locale::getRoot());
+  return toUtf8(u);
+}
+
+std::string toLowerText(std::string_view text) {
+  icu::UnicodeString u = toUnicode(text);
+  u.toLower(icu::Locale::getRoot());
+  return toUtf8(u);
+}
+
+std::string capsText(std::string_view text) {
+  icu::UnicodeString u = toUnicode(text);
+  icu::UnicodeString out;
+  bool wordStart = true;
+  for (int32_t i = 0; i < u.length();) {
+    UChar32 c = u.char32At(i);
+    i += U16_LENGTH(c);
+    if (u_isspace(c)) {
+      wordStart = true;
+      out.append(c);
+      continue;
+    }
+    out.append(wordStart ? u_totitle(c) : u_tolower(c));
+    wordStart = false;
+  }
+  return toUtf8(out);
+}
+
+std::string firstCapText(std::string_view text) {
+  icu::UnicodeString u = toUnicode(text);
+  for (int32_t i = 0; i < u.length();) {
+    UChar32 c = u.char32At(i);
+    if (!u_isspace(c)) {
+      icu::UnicodeString head;
+      head.append(u_totitle(c));
+      u.replace(i, U16_LENGTH(c), head);
+      break;
+    }
+    i += U16_LENGTH(c);
+  }
+  return toUtf8(u);
+}
+
+}  // namespace nvwm::document

@@ -1,0 +1,43 @@
+// Internal: the form-letter merge of a main document with a data source, and the link of a
+// main document to its data source as settings.xml keeps it.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "services/document/data_source.h"
+#include "services/document/package.h"
+
+namespace nvwm::document {
+
+// The data source a main document names in its settings (w:mailMerge).
+struct MailMergeLink {
+  std::string sourcePath;  // absolute path of the SQLite or CSV file
+  std::string table;       // SQLite table ("" for CSV)
+};
+
+// The settings part of the main document ("" when it has none).
+std::string settingsPart(Package& package);
+// The link the main document's settings hold, if any. Whether the document is a main
+// document at all (w:mailMerge present) is mainDocument().
+std::optional<MailMergeLink> readMailMergeLink(Package& package);
+bool isMainDocument(Package& package);
+// Makes the document a form-letters main document linked to the source (w:mailMerge with
+// the data source relationship), keeping the other w:mailMerge settings it already had.
+void writeMailMergeLink(Package& package, const MailMergeLink& link);
+// Removes w:mailMerge, the data-source and recipient-data relationships and the
+// recipient-data parts: the document becomes a plain one.
+void removeMailMergeLink(Package& package);
+// False when the settings ask to keep lines whose merge fields are all empty.
+bool suppressesBlankLines(Package& package);
+
+// The merged document: one copy of the main document's body per row, each ending in a
+// next-page section break that copies the main document's last section properties and
+// restarts page numbering; headers and footers with merge fields are copied and filled per
+// row (new parts and relationships); footnotes and endnotes are copied per row. The result has
+// no mail-merge settings. The main package is not changed. Raises 4198 when the main document
+// part can't be read.
+std::unique_ptr<Package> mergeDocument(Package& main, const MergeData& data);
+
+}  // namespace nvwm::document

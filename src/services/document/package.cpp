@@ -1,0 +1,431 @@
+// A .docx package in memory.
+//
+// Malformed input, as the reader treats it:
+//   - A file that is missing, locked for writing by another process (an fcntl write lock or a
+//     flock exclusive lock), not a zip, or a zip without a main document part is refused with
+//     a RuntimeError; nothing of it is kept.
+//   - Parts are kept as bytes and parsed only when the engine needs their XML; a part that is
+//     not well-formed XML is refused when it is needed (error 4198 naming the part and pugixml's
+//     reason), and written back untouched when it is not.
+//   - Unknown parts, unknown elements and unknown attributes are carried through untouched;
+//     whitespace-only text is kept exactly (parse_ws_pcdata, format_raw).
+//   - Invalid UTF-8 inside a part is not repaired: pugixml passes the bytes through, and the
+//     engine copies them as they came. Text the engine itself inserts (merge values, dates) is
+//     checked where it enters (see data_source.cpp).
+#include "services/document/package.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+#include <zip.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+#include <sstream>
+
+#include "runtime/error.h"
+
+namespace nvwm::document {
+namespace {
+
+namespace fs = std::filesystem;
+
+// Raises 70 when another process holds a write lock (fcntl) or an exclusive lock (flock) on
+// the file, as Word refuses a document that someone else has open for editing.
+void checkNotLocked(const std::string& path) {
+  int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  if (fd < 0) {
+    raise(ErrorNumber::kPermissionDenied, "cannot read '" + path + "': " + std::strerror(errno));
+  }
+  struct flock probe {};
+  probe.l_type = F_RDLCK;
+  probe.l_whence = SEEK_SET;
+  bool locked = ::fcntl(fd, F_GETLK, &probe) == 0 && probe.l_type != F_UNLCK;
+  if (!locked && ::flock(fd, LOCK_SH | LOCK_NB) != 0 && errno == EWOULDBLOCK) locked = true;
+  ::close(fd);  // also drops our shared flock
+  if (locked) {
+    raise(ErrorNumber::kPermissionDenied,
+          "'" + path + "' is locked by another process; close it there and try again");
+  }
+}
+
+std::string zipErrorText(int code) {
+  zip_error_t error;
+  zip_error_init_with_code(&error, code);
+  std::string text = zip_error_strerror(&error);
+  zip_error_fini(&error);
+  return text;
+}
+
+struct ZipCloser {
+  void operator()(zip_t* z) const { zip_discard(z); }
+};
+
+constexpr std::string_view kBlankContentTypes =
+    R"(<?xml version="1.0" encoding="UTF-8" standalone="yes"?>)"
+    "\n"
+    R"(<Types xmlns="http://schemas.openxmlformats.org/package/2006/content-types">)"
+    R"(<Default Extension="rels" ContentType="application/vnd.openxmlformats-package.relationships+xml"/>)"
+    R"(<Default Extension="xml" ContentType="application/xml"/>)"
+    R"(<Override PartName="/word/document.xml" ContentType="application/vnd.openxmlformats-officedocument.wordprocessingml.document.main+xml"/>)"
+    R"(<Override PartName="/word/styles.xml" ContentType="application/vnd.openxmlformats-officedocument.wordprocessingml.styles+xml"/>)"
+    R"(<Override PartName="/word/settings.xml" ContentType="application/vnd.openxmlformats-officedocument.wordprocessingml.settings+xml"/>)"
+    R"(</Types>)";
+
+constexpr std::string_view kBlankRootRels =
+    R"(<?xml version="1.0" encoding="UTF-8" standalone="yes"?>)"
+    "\n"
+    R"(<Relationships xmlns="http://schemas.openxmlformats.org/package/2006/relationships">)"
+    R"(<Relationship Id="rId1" Type="http://schemas.openxmlformats.org/officeDocument/2006/relationships/officeDocument" Target="word/document.xml"/>)"
+    R"(</Relationships>)";
+
+constexpr std::string_view kBlankDocumentRels =
+    R"(<?xml version="1.0" encoding="UTF-8" standalone="yes"?>)"
+    "\n"
+    R"(<Relationships xmlns="http://schemas.openxmlformats.org/package/2006/relationships">)"
+    R"(<Relationship Id="rId1" Type="http://schemas.openxmlformats.org/officeDocument/2006/relationships/styles" Target="styles.xml"/>)"
+    R"(<Relationship Id="rId2" Type="http://schemas.openxmlformats.org/officeDocument/2006/relationships/settings" Target="settings.xml"/>)"
+    R"(</Relationships>)";
+
+constexpr std::string_view kBlankDocument =
+    R"(<?xml version="1.0" encoding="UTF-8" standalone="yes"?>)"
+    "\n"
+    R"(<w:document xmlns:w="http://schemas.openxmlformats.org/wordprocessingml/2006/main" )"
+    R"(xmlns:r="http://schemas.openxmlformats.org/officeDocument/2006/relationships">)"
+    R"(<w:body><w:p/><w:sectPr><w:pgSz w:w="12240" w:h="15840"/>)"
+    R"(<w:pgMar w:top="1440" w:right="1440" w:bottom="1440" w:left="1440" w:header="708" w:footer="708" w:gutter="0"/>)"
+    R"(<w:cols w:space="708"/></w:sectPr></w:body></w:document>)";
+
+constexpr std::string_view kBlankStyles =
+    R"(<?xml version="1.0" encoding="UTF-8" standalone="yes"?>)"
+    "\n"
+    R"(<w:styles xmlns:w="http://schemas.openxmlformats.org/wordprocessingml/2006/main">)"
+    R"(<w:docDefaults><w:rPrDefault><w:rPr><w:rFonts w:ascii="Calibri" w:hAnsi="Calibri" w:eastAsia="Calibri" w:cs="Times New Roman"/>)"
+    R"(<w:sz w:val="22"/><w:szCs w:val="22"/><w:lang w:val="en-US"/></w:rPr></w:rPrDefault>)"
+    R"(<w:pPrDefault><w:pPr><w:spacing w:after="160" w:line="259" w:lineRule="auto"/></w:pPr></w:pPrDefault></w:docDefaults>)"
+    R"(<w:style w:type="paragraph" w:default="1" w:styleId="Normal"><w:name w:val="Normal"/><w:qFormat/></w:style>)"
+    R"(</w:styles>)";
+
+constexpr std::string_view kBlankSettings =
+    R"(<?xml version="1.0" encoding="UTF-8" standalone="yes"?>)"
+    "\n"
+    R"(<w:settings xmlns:w="http://schemas.openxmlformats.org/wordprocessingml/2006/main" )"
+    R"(xmlns:r="http://schemas.openxmlformats.org/officeDocument/2006/relationships">)"
+    R"(<w:defaultTabStop w:val="720"/><w:characterSpacingControl w:val="doNotCompress"/>)"
+    R"(<w:compat><w:compatSetting w:name="compatibilityMode" w:uri="http://schemas.microsoft.com/office/word" w:val="15"/></w:compat>)"
+    R"(</w:settings>)";
+
+}  // namespace
+
+std::string serialize(const pugi::xml_node& node) {
+  std::ostringstream out;
+  node.print(out, "", kFormatFlags, pugi::encoding_utf8);
+  return std::move(out).str();
+}
+
+std::unique_ptr<Package> Package::load(const std::string& path) {
+  std::error_code ec;
+  if (!fs::exists(path, ec)) raise(ErrorNumber::kFileNotFound, "'" + path + "' does not exist");
+  if (fs::is_directory(path, ec)) {
+    raise(ErrorNumber::kDocumentError, "'" + path + "' is a folder, not a document");
+  }
+  checkNotLocked(path);
+
+  int code = 0;
+  std::unique_ptr<zip_t, ZipCloser> zip(zip_open(path.c_str(), ZIP_RDONLY, &code));
+  if (!zip) {
+    raise(ErrorNumber::kDocumentError,
+          "'" + path + "' is not a .docx document (" + zipErrorText(code) + ")");
+  }
+  auto package = std::unique_ptr<Package>(new Package());
+  zip_int64_t count = zip_get_num_entries(zip.get(), 0);
+  for (zip_int64_t i = 0; i < count; ++i) {
+    zip_stat_t st;
+    if (zip_stat_index(zip.get(), i, 0, &st) != 0) continue;
+    std::string name = st.name;
+    if (name.empty() || name.back() == '/') continue;
+    std::string data(static_cast<size_t>(st.size), '\0');
+    zip_file_t* file = zip_fopen_index(zip.get(), i, 0);
+    if (!file) {
+      raise(ErrorNumber::kDocumentError,
+            "'" + path + "': cannot read part " + name + " (" + zip_strerror(zip.get()) + ")");
+    }
+    zip_int64_t got = data.empty() ? 0 : zip_fread(file, data.data(), data.size());
+    zip_fclose(file);
+    if (got != static_cast<zip_int64_t>(data.size())) {
+      raise(ErrorNumber::kDocumentError, "'" + path + "': part " + name + " is damaged");
+    }
+    package->setBytes(name, std::move(data));
+  }
+  if (!package->has("[Content_Types].xml")) {
+    raise(ErrorNumber::kDocumentError,
+          "'" + path + "' is a zip file but not a .docx document (no [Content_Types].xml)");
+  }
+  package->locateMainPart();
+  if (!package->has(package->mainPart_)) {
+    raise(ErrorNumber::kDocumentError,
+          "'" + path + "' is a zip file but not a .docx document (no " + package->mainPart_ + ")");
+  }
+  // Refuse a main part that is not XML now rather than at the first edit.
+  package->xml(package->mainPart_);
+  return package;
+}
+
+std::unique_ptr<Package> Package::blank() {
+  auto package = std::unique_ptr<Package>(new Package());
+  package->setBytes("[Content_Types].xml", std::string(kBlankContentTypes));
+  package->setBytes("_rels/.rels", std::string(kBlankRootRels));
+  package->setBytes("word/document.xml", std::string(kBlankDocument));
+  package->setBytes("word/_rels/document.xml.rels", std::string(kBlankDocumentRels));
+  package->setBytes("word/styles.xml", std::string(kBlankStyles));
+  package->setBytes("word/settings.xml", std::string(kBlankSettings));
+  package->mainPart_ = "word/document.xml";
+  return package;
+}
+
+std::unique_ptr<Package> Package::clone() const {
+  auto copy = std::unique_ptr<Package>(new Package());
+  for (const auto& part : parts_) {
+    if (!part->fragments.empty()) {
+      copy->setFragments(part->name, part->fragments);
+    } else {
+      copy->setBytes(part->name, part->dom ? serialize(*part->dom) : part->bytes);
+    }
+  }
+  copy->mainPart_ = mainPart_;
+  return copy;
+}
+
+void Package::locateMainPart() {
+  mainPart_ = "word/document.xml";
+  if (!has("_rels/.rels")) return;
+  for (const auto& rel : relationships("")) {
+    if (rel.type == kRelOfficeDocument && !rel.external) {
+      mainPart_ = resolveTarget("", rel.target);
+      return;
+    }
+  }
+}
+
+void Package::save(const std::string& path) {
+  fs::path target(path);
+  fs::path folder = target.has_parent_path() ? target.parent_path() : fs::path(".");
+  std::error_code ec;
+  if (!fs::is_directory(folder, ec)) {
+    raise(ErrorNumber::kPathNotFound, "cannot save '" + path + "': the folder does not exist");
+  }
+  std::string tempName = (folder / ("." + target.filename().string() + ".XXXXXX")).string();
+  int fd = ::mkstemp(tempName.data());
+  if (fd < 0) {
+    raise(ErrorNumber::kPermissionDenied,
+          "cannot save '" + path + "': " + std::string(std::strerror(errno)));
+  }
+  ::close(fd);
+  auto fail = [&](const std::string& why) {
+    ::unlink(tempName.c_str());
+    raise(ErrorNumber::kPermissionDenied, "cannot save '" + path + "': " + why);
+  };
+
+  int code = 0;
+  zip_t* zip = zip_open(tempName.c_str(), ZIP_CREATE | ZIP_TRUNCATE, &code);
+  if (!zip) fail(zipErrorText(code));
+  // Serialized trees must outlive zip_close, which is when libzip reads the buffers.
+  std::vector<std::string> serialized;
+  serialized.reserve(parts_.size());
+  std::vector<std::vector<zip_buffer_fragment_t>> pieces;
+  pieces.reserve(parts_.size());
+  for (const auto& part : parts_) {
+    const std::string* data = &part->bytes;
+    if (part->dom) {
+      serialized.push_back(serialize(*part->dom));
+      data = &serialized.back();
+    }
+    zip_source_t* source = nullptr;
+    if (!part->fragments.empty()) {
+      pieces.emplace_back();
+      for (const auto& f : part->fragments) {
+        pieces.back().push_back({reinterpret_cast<zip_uint8_t*>(const_cast<char*>(f.data())),
+                                 static_cast<zip_uint64_t>(f.size())});
+      }
+      source = zip_source_buffer_fragment(zip, pieces.back().data(), pieces.back().size(), 0);
+    } else {
+      source = zip_source_buffer(zip, data->data(), data->size(), 0);
+    }
+    if (!source || zip_file_add(zip, part->name.c_str(), source, ZIP_FL_ENC_UTF_8) < 0) {
+      if (source) zip_source_free(source);
+      std::string why = zip_strerror(zip);
+      zip_discard(zip);
+      fail(why);
+    }
+  }
+  if (zip_close(zip) != 0) {
+    std::string why = zip_strerror(zip);
+    zip_discard(zip);
+    fail(why);
+  }
+  if (::rename(tempName.c_str(), path.c_str()) != 0) fail(std::strerror(errno));
+}
+
+Package::Part* Package::find(std::string_view name) {
+  auto it = byName_.find(std::string(name));
+  return it == byName_.end() ? nullptr : it->second;
+}
+
+const Package::Part* Package::find(std::string_view name) const {
+  auto it = byName_.find(std::string(name));
+  return it == byName_.end() ? nullptr : it->second;
+}
+
+bool Package::has(std::string_view name) const { return find(name) != nullptr; }
+
+std::string Package::bytes(std::string_view name) const {
+  const Part* part = find(name);
+  if (!part) raise(ErrorNumber::kDocumentError, "the document has no part " + std::string(name));
+  return part->dom ? serialize(*part->dom) : joined(*part);
+}
+
+std::string Package::joined(const Part& part) {
+  if (part.fragments.empty()) return part.bytes;
+  size_t size = 0;
+  for (const auto& f : part.fragments) size += f.size();
+  std::string all;
+  all.reserve(size);
+  for (const auto& f : part.fragments) all += f;
+  return all;
+}
+
+pugi::xml_document& Package::xml(std::string_view name) {
+  Part* part = find(name);
+  if (!part) raise(ErrorNumber::kDocumentError, "the document has no part " + std::string(name));
+  if (!part->dom) {
+    if (!part->fragments.empty()) {
+      part->bytes = joined(*part);
+      part->fragments.clear();
+    }
+    auto dom = std::make_unique<pugi::xml_document>();
+    pugi::xml_parse_result result =
+        dom->load_buffer(part->bytes.data(), part->bytes.size(), kParseFlags, pugi::encoding_utf8);
+    if (!result) {
+      raise(ErrorNumber::kDocumentError, "part " + part->name + " is not well-formed XML (" +
+                                             result.description() + " at offset " +
+                                             std::to_string(result.offset) + ")");
+    }
+    part->dom = std::move(dom);
+    std::string().swap(part->bytes);
+  }
+  return *part->dom;
+}
+
+void Package::setBytes(std::string_view name, std::string bytes) {
+  Part* part = find(name);
+  if (!part) {
+    parts_.push_back(std::make_unique<Part>());
+    part = parts_.back().get();
+    part->name = std::string(name);
+    byName_[part->name] = part;
+  }
+  part->bytes = std::move(bytes);
+  part->fragments.clear();
+  part->dom.reset();
+}
+
+void Package::setFragments(std::string_view name, std::vector<std::string> fragments) {
+  setBytes(name, std::string());
+  find(name)->fragments = std::move(fragments);
+}
+
+void Package::remove(std::string_view name) {
+  Part* part = find(name);
+  if (!part) return;
+  byName_.erase(part->name);
+  parts_.erase(
+      std::find_if(parts_.begin(), parts_.end(), [&](const auto& p) { return p.get() == part; }));
+}
+
+std::vector<std::string> Package::partNames() const {
+  std::vector<std::string> names;
+  for (const auto& p : parts_) names.push_back(p->name);
+  return names;
+}
+
+std::string Package::relsPartOf(std::string_view partName) {
+  if (partName.empty()) return "_rels/.rels";
+  size_t slash = partName.rfind('/');
+  std::string folder =
+      slash == std::string_view::npos ? "" : std::string(partName.substr(0, slash + 1));
+  std::string file(slash == std::string_view::npos ? partName : partName.substr(slash + 1));
+  return folder + "_rels/" + file + ".rels";
+}
+
+std::string Package::resolveTarget(std::string_view sourcePart, std::string_view target) {
+  std::string path;
+  if (!target.empty() && target.front() == '/') {
+    path = std::string(target.substr(1));
+  } else {
+    size_t slash = sourcePart.rfind('/');
+    path = (slash == std::string_view::npos ? std::string()
+                                            : std::string(sourcePart.substr(0, slash + 1))) +
+           std::string(target);
+  }
+  // Fold "a/../" and "./" segments.
+  std::vector<std::string> segments;
+  std::string segment;
+  std::istringstream in(path);
+  while (std::getline(in, segment, '/')) {
+    if (segment == "..") {
+      if (!segments.empty()) segments.pop_back();
+    } else if (!segment.empty() && segment != ".") {
+      segments.push_back(segment);
+    }
+  }
+  std::string out;
+  for (const auto& s : segments) out += (out.empty() ? "" : "/") + s;
+  return out;
+}
+
+std::vector<Relationship> Package::relationships(std::string_view partName) {
+  std::vector<Relationship> rels;
+  std::string relsName = relsPartOf(partName);
+  if (!has(relsName)) return rels;
+  for (pugi::xml_node rel : xml(relsName).document_element().children("Relationship")) {
+    rels.push_back({rel.attribute("Id").value(), rel.attribute("Type").value(),
+                    rel.attribute("Target").value(),
+                    std::string_view(rel.attribute("TargetMode").value()) == "External"});
+  }
+  return rels;
+}
+
+void Package::setContentTypeOverride(std::string_view partName, std::string_view contentType) {
+  pugi::xml_node types = xml("[Content_Types].xml").document_element();
+  std::string partPath = "/" + std::string(partName);
+  for (pugi::xml_node o : types.children("Override")) {
+    if (partPath == o.attribute("PartName").value()) {
+      o.attribute("ContentType").set_value(std::string(contentType).c_str());
+      return;
+    }
+  }
+  pugi::xml_node o = types.append_child("Override");
+  o.append_attribute("PartName").set_value(partPath.c_str());
+  o.append_attribute("ContentType").set_value(std::string(contentType).c_str());
+}
+
+void Package::addContentTypeOverride(std::string_view partName, std::string_view contentType) {
+  pugi::xml_node o = xml("[Content_Types].xml").document_element().append_child("Override");
+  o.append_attribute("PartName").set_value(("/" + std::string(partName)).c_str());
+  o.append_attribute("ContentType").set_value(std::string(contentType).c_str());
+}
+
+void Package::removeContentTypeOverride(std::string_view partName) {
+  pugi::xml_node types = xml("[Content_Types].xml").document_element();
+  std::string partPath = "/" + std::string(partName);
+  for (pugi::xml_node o : types.children("Override")) {
+    if (partPath == o.attribute("PartName").value()) {
+      types.remove_child(o);
+      return;
+    }
+  }
+}
+
+}  // namespace nvwm::document

@@ -1,0 +1,632 @@
+// SqliteDatabase: the practice database service on SQLite.
+//
+// Model: openRecordset runs the statement once and keeps every row, typed by declared type
+// (a keyset snapshot, as the library asks for). A recordset opened with lock type 3 also keeps
+// the rowid of each base table of each row: the table's INTEGER PRIMARY KEY where the select
+// list holds it, else a `"Table".rowid` column put in front of the select list, which the
+// caller never sees. A write goes straight to the table row by that rowid and then into the
+// snapshot.
+#include "services/sqlite/sqlite_database.h"
+
+#include <sqlite3.h>
+
+#include <algorithm>
+#include <cctype>
+#include <cstdio>
+
+#include "runtime/convert.h"
+#include "runtime/error.h"
+#include "services/sqlite/ado_filter.h"
+#include "services/sqlite/recordset.h"
+#include "services/sqlite/sql_text.h"
+#include "services/sqlite/stored_value.h"
+
+namespace nvwm {
+
+using sqlite::Column;
+using sqlite::ColumnKind;
+using sqlite::Recordset;
+using sqlite::StoredValue;
+
+namespace {
+
+constexpr int32_t kPositionEof = -3;
+
+[[noreturn]] void fail(std::string_view detail) { raise(ErrorNumber::kDatabaseError, detail); }
+
+[[noreturn]] void failSqlite(sqlite3* db) { fail(db ? sqlite3_errmsg(db) : "no database"); }
+
+// A prepared statement, finalized on scope exit.
+class Statement {
+ public:
+  Statement() = default;
+  ~Statement() { sqlite3_finalize(stmt_); }
+  Statement(const Statement&) = delete;
+  Statement& operator=(const Statement&) = delete;
+
+  // Prepares one statement; the text after it goes to tail. Raises with SQLite's message.
+  void prepare(sqlite3* db, std::string_view sql, std::string_view* tail = nullptr) {
+    sqlite3_finalize(stmt_);
+    stmt_ = nullptr;
+    const char* rest = nullptr;
+    if (sqlite3_prepare_v2(db, sql.data(), static_cast<int>(sql.size()), &stmt_, &rest) !=
+        SQLITE_OK)
+      failSqlite(db);
+    if (tail) *tail = std::string_view(rest, sql.data() + sql.size() - rest);
+  }
+  // As prepare, but a failure gives false.
+  bool tryPrepare(sqlite3* db, std::string_view sql) {
+    sqlite3_finalize(stmt_);
+    stmt_ = nullptr;
+    return sqlite3_prepare_v2(db, sql.data(), static_cast<int>(sql.size()), &stmt_, nullptr) ==
+               SQLITE_OK &&
+           stmt_ != nullptr;
+  }
+  // SQLITE_ROW or SQLITE_DONE; anything else raises.
+  int step(sqlite3* db) {
+    int rc = sqlite3_step(stmt_);
+    if (rc != SQLITE_ROW && rc != SQLITE_DONE) failSqlite(db);
+    return rc;
+  }
+  sqlite3_stmt* get() const { return stmt_; }
+
+ private:
+  sqlite3_stmt* stmt_ = nullptr;
+};
+
+std::string quoteIdentifier(std::string_view name) {
+  std::string out = "\"";
+  for (char c : name) {
+    out += c;
+    if (c == '"') out += '"';
+  }
+  return out + "\"";
+}
+
+bool startsWithWord(std::string_view s, size_t at, std::string_view word) {
+  if (s.size() < at + word.size()) return false;
+  for (size_t i = 0; i < word.size(); ++i) {
+    if (std::toupper(static_cast<unsigned char>(s[at + i])) != word[i]) return false;
+  }
+  size_t end = at + word.size();
+  return end == s.size() || !(std::isalnum(static_cast<unsigned char>(s[end])) || s[end] == '_');
+}
+
+// The SQL with the rowid of each table put in front of the select list; "" when the text
+// isn't a plain SELECT (a DISTINCT or compound query has no row to write back to).
+std::string withRowids(std::string_view sql, const std::vector<std::string>& tables) {
+  size_t i = 0;
+  while (i < sql.size() && std::isspace(static_cast<unsigned char>(sql[i]))) ++i;
+  if (!startsWithWord(sql, i, "SELECT")) return "";
+  size_t after = i + 6;
+  size_t j = after;
+  while (j < sql.size() && std::isspace(static_cast<unsigned char>(sql[j]))) ++j;
+  if (startsWithWord(sql, j, "DISTINCT")) return "";
+  std::string upper(sql);
+  std::transform(upper.begin(), upper.end(), upper.begin(),
+                 [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
+  if (upper.find(" UNION ") != std::string::npos || upper.find("GROUP BY") != std::string::npos)
+    return "";
+  std::string out(sql.substr(0, after));
+  for (const std::string& t : tables) out += " " + quoteIdentifier(t) + ".rowid,";
+  out.append(sql.substr(after));
+  return out;
+}
+
+struct TableInfo {
+  std::string key;  // the INTEGER PRIMARY KEY column; "" when none
+  bool autoNumber = false;
+  std::vector<std::pair<std::string, std::string>> defaults;  // column -> default text
+};
+
+TableInfo tableInfo(sqlite3* db, const std::string& table) {
+  TableInfo info;
+  Statement st;
+  st.prepare(db, "SELECT name, type, dflt_value, pk FROM pragma_table_info(?1)");
+  sqlite3_bind_text(st.get(), 1, table.c_str(), -1, SQLITE_TRANSIENT);
+  int keyColumns = 0;
+  while (st.step(db) == SQLITE_ROW) {
+    std::string name = reinterpret_cast<const char*>(sqlite3_column_text(st.get(), 0));
+    const char* type = reinterpret_cast<const char*>(sqlite3_column_text(st.get(), 1));
+    if (sqlite3_column_int(st.get(), 3) > 0) {
+      ++keyColumns;
+      if (type && sqlite::foldAscii(type) == "integer") info.key = name;
+    }
+    if (sqlite3_column_type(st.get(), 2) != SQLITE_NULL)
+      info.defaults.emplace_back(name,
+                                 reinterpret_cast<const char*>(sqlite3_column_text(st.get(), 2)));
+  }
+  if (keyColumns != 1) info.key.clear();
+  if (!info.key.empty()) {
+    int autoinc = 0;
+    sqlite3_table_column_metadata(db, nullptr, table.c_str(), info.key.c_str(), nullptr, nullptr,
+                                  nullptr, nullptr, &autoinc);
+    info.autoNumber = autoinc != 0;
+  }
+  return info;
+}
+
+// A default as the schema writes it ('1 Day', 0) in its stored form.
+StoredValue defaultValue(ColumnKind kind, std::string_view text) {
+  if (text.size() >= 2 && text.front() == '\'' && text.back() == '\'') {
+    std::string unquoted;
+    for (size_t i = 1; i + 1 < text.size(); ++i) {
+      unquoted += text[i];
+      if (text[i] == '\'') ++i;
+    }
+    return kind == ColumnKind::kString ? StoredValue(unquoted)
+                                       : sqlite::textToStored(kind, unquoted);
+  }
+  if (auto n = TryParseNumber(text)) return sqlite::toStored(kind, Variant(*n));
+  return std::monostate{};
+}
+
+}  // namespace
+
+SqliteDatabase::SqliteDatabase(const std::string& path, bool readOnly) : path_(path) {
+  if (readOnly ||
+      sqlite3_open_v2(path.c_str(), &db_, SQLITE_OPEN_READWRITE, nullptr) != SQLITE_OK) {
+    sqlite3_close(db_);
+    db_ = nullptr;
+    if (sqlite3_open_v2(path.c_str(), &db_, SQLITE_OPEN_READONLY, nullptr) != SQLITE_OK) {
+      sqlite3_close(db_);
+      db_ = nullptr;
+      return;
+    }
+  }
+  // SQLite reads the file lazily: a text file or an unreadable one shows up at the first query.
+  sqlite3_stmt* probe = nullptr;
+  if (sqlite3_prepare_v2(db_, "SELECT count(*) FROM sqlite_master", -1, &probe, nullptr) ==
+          SQLITE_OK &&
+      sqlite3_step(probe) == SQLITE_ROW) {
+    connected_ = true;
+  }
+  sqlite3_finalize(probe);
+  if (!connected_) {
+    sqlite3_close(db_);
+    db_ = nullptr;
+    return;
+  }
+  sqlite3_busy_timeout(db_, 5000);
+}
+
+SqliteDatabase::~SqliteDatabase() {
+  open_.clear();
+  sqlite3_close(db_);
+}
+
+bool SqliteDatabase::isConnected() { return connected_; }
+
+void SqliteDatabase::requireConnection() const {
+  if (!connected_) fail("the practice database \"" + path_ + "\" is not open");
+}
+
+Recordset& SqliteDatabase::recordset(Handle h) {
+  auto it = open_.find(h);
+  if (it == open_.end()) fail("no open recordset has the handle " + std::to_string(h));
+  return *it->second;
+}
+
+Recordset& SqliteDatabase::writableRecordset(Handle h, const char* operation) {
+  Recordset& rs = recordset(h);
+  if (rs.read_only) fail(std::string(operation) + ": the recordset is read-only (lock type 1)");
+  return rs;
+}
+
+Handle SqliteDatabase::keep(std::unique_ptr<Recordset> rs) {
+  Handle h = nextHandle_++;
+  open_.emplace(h, std::move(rs));
+  return h;
+}
+
+void SqliteDatabase::execute(const std::string& sql) {
+  requireConnection();
+  char* message = nullptr;
+  if (sqlite3_exec(db_, sql.c_str(), nullptr, nullptr, &message) != SQLITE_OK) {
+    std::string text = message ? message : sqlite3_errmsg(db_);
+    sqlite3_free(message);
+    fail(text);
+  }
+}
+
+Handle SqliteDatabase::openRecordset(const std::string& sql, int32_t /*cursorType*/,
+                                     int32_t lockType, bool, const std::string&, bool) {
+  requireConnection();
+  if (sqlite::isBlankSql(sql)) fail("the SQL text is empty");
+  std::string text = sqlite::translateJetSql(sql);
+  if (lockType != kLockReadOnly && lockType != kLockOptimistic)
+    fail("lock type " + std::to_string(lockType) + " is not supported");
+
+  Statement st;
+  std::string_view tail;
+  st.prepare(db_, text, &tail);
+  if (st.get() == nullptr) fail("the SQL text is empty");
+  if (!sqlite::isBlankSql(tail)) fail("only one SQL statement may be sent at a time");
+
+  auto rs = std::make_unique<Recordset>();
+  rs->read_only = lockType == kLockReadOnly;
+  sqlite3_stmt* s = st.get();
+  int n = sqlite3_column_count(s);
+  rs->columns.resize(n);
+  for (int i = 0; i < n; ++i) {
+    Column& c = rs->columns[i];
+    const char* name = sqlite3_column_name(s, i);
+    const char* table = sqlite3_column_table_name(s, i);
+    const char* origin = sqlite3_column_origin_name(s, i);
+    c.name = name ? name : "";
+    c.table = table ? table : "";
+    c.origin = origin ? origin : "";
+    c.kind = sqlite::kindFromDeclaredType(sqlite3_column_decltype(s, i));
+    // SQLite names a repeat in a subquery "Name:1": the column's own name is wanted.
+    if (!c.origin.empty() && c.name.size() > c.origin.size() &&
+        sqlite::foldAscii(c.name.substr(0, c.origin.size() + 1)) ==
+            sqlite::foldAscii(c.origin + ":") &&
+        std::all_of(c.name.begin() + c.origin.size() + 1, c.name.end(),
+                    [](unsigned char ch) { return std::isdigit(ch); })) {
+      c.name = c.origin;
+    }
+  }
+  rs->nameColumns();
+
+  // Where each base table's rowid comes from: its INTEGER PRIMARY KEY column when the select
+  // list has it (a table inside nested joins can be reached no other way), else a hidden
+  // `"Table".rowid` column put in front; -1 when neither works (that table can't be written).
+  std::vector<int> rowidSource;
+  int hidden = 0;
+  if (!rs->read_only) {
+    for (Column& c : rs->columns) {
+      if (c.table.empty()) continue;
+      auto it = std::find(rs->tables.begin(), rs->tables.end(), c.table);
+      c.table_index = static_cast<int>(it - rs->tables.begin());
+      if (it == rs->tables.end()) rs->tables.push_back(c.table);
+    }
+    std::vector<std::string> unkeyed;
+    for (const std::string& table : rs->tables) {
+      std::string key = sqlite::foldAscii(tableInfo(db_, table).key);
+      int source = -1;
+      for (int i = 0; i < n && !key.empty(); ++i) {
+        if (rs->columns[i].table == table && sqlite::foldAscii(rs->columns[i].origin) == key) {
+          source = i;
+          break;
+        }
+      }
+      if (source < 0) {
+        source = -2 - static_cast<int>(unkeyed.size());  // hidden column, decoded below
+        unkeyed.push_back(table);
+      }
+      rowidSource.push_back(source);
+    }
+    if (!unkeyed.empty()) {
+      std::string keyed = withRowids(text, unkeyed);
+      if (!keyed.empty() && st.tryPrepare(db_, keyed) &&
+          sqlite3_column_count(st.get()) == n + static_cast<int>(unkeyed.size())) {
+        hidden = static_cast<int>(unkeyed.size());
+      } else {
+        st.prepare(db_, text);
+        for (size_t t = 0; t < rs->tables.size(); ++t) {
+          if (rowidSource[t] >= 0) continue;
+          rowidSource[t] = -1;
+          for (Column& c : rs->columns) {
+            if (c.table_index == static_cast<int>(t)) c.table_index = -1;
+          }
+        }
+      }
+    }
+    for (int& source : rowidSource) {
+      if (source >= 0)
+        source += hidden;
+      else if (source <= -2)
+        source = -2 - source;
+    }
+  }
+
+  s = st.get();
+  while (st.step(db_) == SQLITE_ROW) {
+    for (int source : rowidSource)
+      rs->rowids.push_back(source < 0 ? 0 : sqlite3_column_int64(s, source));
+    for (int i = 0; i < n; ++i)
+      rs->cells.push_back(sqlite::readColumn(s, hidden + i, rs->columns[i].kind));
+    ++rs->row_count;
+  }
+  return keep(std::move(rs));
+}
+
+void SqliteDatabase::closeRecordset(Handle h) { open_.erase(h); }
+
+bool SqliteDatabase::isRecordsetOpen(Handle h) { return open_.count(h) != 0; }
+
+int32_t SqliteDatabase::getRecordCount(Handle h) {
+  Recordset& rs = recordset(h);
+  rs.pending.reset();
+  rs.cursor = 0;
+  return static_cast<int32_t>(rs.row_count);
+}
+
+bool SqliteDatabase::isEmptyRecordset(Handle h) { return recordset(h).row_count == 0; }
+
+bool SqliteDatabase::isEOF(Handle h) {
+  Recordset& rs = recordset(h);
+  return !rs.pending && rs.eof();
+}
+
+bool SqliteDatabase::hasRecords(Handle h) {
+  Recordset& rs = recordset(h);
+  rs.pending.reset();
+  rs.cursor = 0;
+  return rs.row_count > 0;
+}
+
+void SqliteDatabase::moveNext(Handle h) {
+  Recordset& rs = recordset(h);
+  rs.pending.reset();
+  if (rs.eof()) fail("moveNext: the recordset is already past its last row");
+  ++rs.cursor;
+}
+
+int32_t SqliteDatabase::getRecordPosition(Handle h) {
+  Recordset& rs = recordset(h);
+  return rs.eof() ? kPositionEof : static_cast<int32_t>(rs.cursor + 1);
+}
+
+int32_t SqliteDatabase::setRecordPosition(Handle h, int32_t position) {
+  Recordset& rs = recordset(h);
+  if (position < 1 || static_cast<size_t>(position) > rs.row_count) return 1;
+  rs.pending.reset();
+  rs.cursor = static_cast<size_t>(position) - 1;
+  return 0;
+}
+
+namespace {
+
+int columnOf(const Recordset& rs, const Variant& name) {
+  if (name.isNumber()) {
+    int32_t i = CLng(name);
+    if (i >= 0 && static_cast<size_t>(i) < rs.width()) return i;
+    fail("no column " + std::to_string(i) + " in the recordset (item not found)");
+  }
+  std::string text = name.isString() ? name.stringValue() : CStr(name);
+  int i = rs.find(text);
+  if (i < 0) fail("item not found in this collection: \"" + text + "\"");
+  return i;
+}
+
+void requireRow(const Recordset& rs, const char* operation) {
+  if (rs.eof())
+    fail(std::string(operation) + ": there is no current row (the recordset is past its end)");
+}
+
+}  // namespace
+
+Variant SqliteDatabase::getField(Handle h, const Variant& fieldName) {
+  Recordset& rs = recordset(h);
+  int c = columnOf(rs, fieldName);
+  if (rs.pending) return rs.pending->cells[c];
+  requireRow(rs, "getField");
+  return rs.cell(rs.cursor, c);
+}
+
+std::vector<std::string> SqliteDatabase::fieldNames(Handle h) {
+  Recordset& rs = recordset(h);
+  std::vector<std::string> names;
+  for (const Column& c : rs.columns) names.push_back(c.name);
+  return names;
+}
+
+namespace {
+
+// Sets a column of the new row: its cell and the value to insert.
+void setPending(Recordset& rs, int c, StoredValue value) {
+  const Column& col = rs.columns[c];
+  Variant shown = sqlite::storedToVariant(col.kind, value);
+  for (size_t i = 0; i < rs.width(); ++i) {
+    if (rs.columns[i].table == col.table &&
+        sqlite::foldAscii(rs.columns[i].origin) == sqlite::foldAscii(col.origin))
+      rs.pending->cells[i] = shown;
+  }
+  auto& values = rs.pending->values;
+  auto it = std::find_if(values.begin(), values.end(),
+                         [&](const auto& v) { return v.first == col.origin; });
+  if (it != values.end()) {
+    it->second = std::move(value);
+  } else {
+    values.emplace_back(col.origin, std::move(value));
+  }
+}
+
+}  // namespace
+
+void SqliteDatabase::setField(Handle h, const std::string& fieldName, const std::string& value,
+                              const std::string&, bool) {
+  Recordset& rs = writableRecordset(h, "setField");
+  int c = columnOf(rs, Variant(fieldName));
+  const Column& col = rs.columns[c];
+  if (col.table_index < 0) fail("setField: the column \"" + fieldName + "\" can't be written");
+  StoredValue stored = sqlite::textToStored(col.kind, value);
+  if (rs.pending) {
+    setPending(rs, c, std::move(stored));
+    return;
+  }
+  requireRow(rs, "setField");
+  int64_t rowid = rs.rowids[rs.cursor * rs.tables.size() + col.table_index];
+  Statement st;
+  st.prepare(db_, "UPDATE " + quoteIdentifier(col.table) + " SET " + quoteIdentifier(col.origin) +
+                      " = ?1 WHERE rowid = ?2");
+  sqlite::bindStored(st.get(), 1, stored);
+  sqlite3_bind_int64(st.get(), 2, rowid);
+  st.step(db_);
+  // The same column may stand in the select list twice.
+  Variant shown = sqlite::storedToVariant(col.kind, stored);
+  for (size_t i = 0; i < rs.width(); ++i) {
+    const Column& other = rs.columns[i];
+    if (other.table_index == col.table_index &&
+        sqlite::foldAscii(other.origin) == sqlite::foldAscii(col.origin)) {
+      rs.cell(rs.cursor, static_cast<int>(i)) = shown;
+      rs.indexes.erase(static_cast<int>(i));
+    }
+  }
+}
+
+void SqliteDatabase::addNewRecord(Handle h) {
+  Recordset& rs = writableRecordset(h, "addNewRecord");
+  if (rs.tables.size() != 1)
+    fail("addNewRecord: the recordset must read exactly one table to add a row to");
+  const std::string& table = rs.tables[0];
+  TableInfo info = tableInfo(db_, table);
+  rs.pending.emplace();
+  rs.pending->cells.assign(rs.width(), Variant::null());
+  for (const auto& [column, text] : info.defaults) {
+    for (size_t i = 0; i < rs.width(); ++i) {
+      const Column& c = rs.columns[i];
+      if (sqlite::foldAscii(c.origin) == sqlite::foldAscii(column))
+        rs.pending->cells[i] = sqlite::storedToVariant(c.kind, defaultValue(c.kind, text));
+    }
+  }
+  if (!info.autoNumber) return;
+
+  // Jet hands out the AutoNumber at AddNew; reserve it in sqlite_sequence now, as SQLite
+  // would at the insert, so that other connections don't take it meanwhile.
+  execute("SAVEPOINT nvwm_reserve_key");
+  try {
+    Statement st;
+    st.prepare(db_,
+               "INSERT INTO sqlite_sequence(name, seq) SELECT ?1, 0 WHERE NOT EXISTS "
+               "(SELECT 1 FROM sqlite_sequence WHERE name = ?1)");
+    sqlite3_bind_text(st.get(), 1, table.c_str(), -1, SQLITE_TRANSIENT);
+    st.step(db_);
+    st.prepare(db_, "UPDATE sqlite_sequence SET seq = max(seq, (SELECT coalesce(max(" +
+                        quoteIdentifier(info.key) + "), 0) FROM " + quoteIdentifier(table) +
+                        ")) + 1 WHERE name = ?1 RETURNING seq");
+    sqlite3_bind_text(st.get(), 1, table.c_str(), -1, SQLITE_TRANSIENT);
+    if (st.step(db_) != SQLITE_ROW) fail("addNewRecord: no AutoNumber could be reserved");
+    rs.pending->key = sqlite3_column_int64(st.get(), 0);
+    st.step(db_);
+    execute("RELEASE nvwm_reserve_key");
+  } catch (...) {
+    sqlite3_exec(db_, "ROLLBACK TO nvwm_reserve_key; RELEASE nvwm_reserve_key", nullptr, nullptr,
+                 nullptr);
+    rs.pending.reset();
+    throw;
+  }
+  Variant key(static_cast<int32_t>(*rs.pending->key));
+  for (size_t i = 0; i < rs.width(); ++i) {
+    if (sqlite::foldAscii(rs.columns[i].origin) == sqlite::foldAscii(info.key))
+      rs.pending->cells[i] = key;
+  }
+  rs.pending->values.emplace_back(info.key, *rs.pending->key);
+}
+
+void SqliteDatabase::setNewField(Handle h, const std::string& fieldName, const Variant& value) {
+  Recordset& rs = writableRecordset(h, "setNewField");
+  int c = columnOf(rs, Variant(fieldName));
+  const Column& col = rs.columns[c];
+  if (!rs.pending) {
+    setField(h, fieldName, value.isNull() || value.isEmpty() ? std::string() : CStr(value));
+    return;
+  }
+  if (col.table_index < 0) fail("setNewField: the column \"" + fieldName + "\" can't be written");
+  if (rs.pending->key &&
+      sqlite::foldAscii(col.origin) == sqlite::foldAscii(rs.pending->values.front().first))
+    fail("setNewField: the AutoNumber column \"" + fieldName + "\" can't be written");
+  setPending(rs, c, sqlite::toStored(col.kind, value));
+}
+
+void SqliteDatabase::updateRecord(Handle h) {
+  Recordset& rs = writableRecordset(h, "updateRecord");
+  if (!rs.pending) return;
+  const std::string& table = rs.tables[0];
+  std::string sql = "INSERT INTO " + quoteIdentifier(table);
+  const auto& values = rs.pending->values;
+  if (values.empty()) {
+    sql += " DEFAULT VALUES";
+  } else {
+    std::string names, marks;
+    for (size_t i = 0; i < values.size(); ++i) {
+      names += (i ? ", " : "") + quoteIdentifier(values[i].first);
+      marks += (i ? ", ?" : "?") + std::to_string(i + 1);
+    }
+    sql += " (" + names + ") VALUES (" + marks + ")";
+  }
+  Statement st;
+  st.prepare(db_, sql);
+  for (size_t i = 0; i < values.size(); ++i)
+    sqlite::bindStored(st.get(), static_cast<int>(i + 1), values[i].second);
+  st.step(db_);
+  int64_t rowid = sqlite3_last_insert_rowid(db_);
+
+  // The new row as the table holds it (defaults, generated columns), in the snapshot.
+  std::vector<Variant> row = rs.pending->cells;
+  st.prepare(db_, "SELECT * FROM " + quoteIdentifier(table) + " WHERE rowid = ?1");
+  sqlite3_bind_int64(st.get(), 1, rowid);
+  if (st.step(db_) == SQLITE_ROW) {
+    for (int j = 0; j < sqlite3_column_count(st.get()); ++j) {
+      std::string name = sqlite::foldAscii(sqlite3_column_name(st.get(), j));
+      for (size_t i = 0; i < rs.width(); ++i) {
+        if (rs.columns[i].table_index == 0 && sqlite::foldAscii(rs.columns[i].origin) == name)
+          row[i] = sqlite::readColumn(st.get(), j, rs.columns[i].kind);
+      }
+    }
+  }
+  rs.pending.reset();
+  rs.cells.insert(rs.cells.end(), row.begin(), row.end());
+  rs.rowids.push_back(rowid);
+  rs.cursor = rs.row_count++;
+  for (auto& [column, index] : rs.indexes) {
+    if (auto key = sqlite::keyOf(row[column])) index.emplace(std::move(*key), rs.cursor);
+  }
+}
+
+bool SqliteDatabase::findRecord(Handle h, const std::string& fieldName, const Variant& value) {
+  Recordset& rs = recordset(h);
+  int c = columnOf(rs, Variant(fieldName));
+  rs.pending.reset();
+  auto found = rs.indexes.find(c);
+  if (found == rs.indexes.end()) {
+    auto& index = rs.indexes[c];
+    index.reserve(rs.row_count);
+    for (size_t r = 0; r < rs.row_count; ++r) {
+      if (auto key = sqlite::keyOf(rs.cell(r, c))) index.emplace(std::move(*key), r);
+    }
+    found = rs.indexes.find(c);
+  }
+  auto key = sqlite::keyOf(sqlite::coerceToKind(value, rs.columns[c].kind));
+  if (key) {
+    auto it = found->second.find(*key);
+    if (it != found->second.end()) {
+      rs.cursor = it->second;
+      return true;
+    }
+  }
+  rs.cursor = rs.row_count;
+  return false;
+}
+
+Handle SqliteDatabase::filterRecordset(Handle h, const std::string& filter) {
+  Recordset& base = recordset(h);
+  sqlite::AdoFilter condition = sqlite::AdoFilter::parse(filter, base);
+  auto rs = std::make_unique<Recordset>();
+  rs->columns = base.columns;
+  rs->by_name = base.by_name;
+  rs->tables = base.tables;
+  rs->read_only = base.read_only;
+  size_t tables = base.tables.size();
+  for (size_t r = 0; r < base.row_count; ++r) {
+    if (!condition.matches(base, r)) continue;
+    auto from = base.cells.begin() + static_cast<std::ptrdiff_t>(r * base.width());
+    rs->cells.insert(rs->cells.end(), from, from + static_cast<std::ptrdiff_t>(base.width()));
+    if (!base.rowids.empty()) {
+      auto ids = base.rowids.begin() + static_cast<std::ptrdiff_t>(r * tables);
+      rs->rowids.insert(rs->rowids.end(), ids, ids + static_cast<std::ptrdiff_t>(tables));
+    }
+    ++rs->row_count;
+  }
+  return keep(std::move(rs));
+}
+
+std::string SqliteDatabase::getSQLDateString(const Date& date) {
+  DateParts p = date.parts();
+  char buf[32];
+  std::snprintf(buf, sizeof buf, "%d/%d/%d", p.month, p.day, p.year);
+  return buf;
+}
+
+}  // namespace nvwm

@@ -1,0 +1,149 @@
+// MERGEFIELD instructions and the text their switches make of a value.
+#include "services/document/field_code.h"
+
+#include <gtest/gtest.h>
+
+#include "runtime/date.h"
+
+namespace nvwm::document {
+namespace {
+
+TEST(MergeFieldCodeTest, ParsesNamesAndSwitchesWhereverTheBlanksFall) {
+  const struct {
+    const char* instruction;
+    const char* name;
+    const char* date;     // nullptr: no \@
+    const char* numeric;  // nullptr: no \#
+    size_t formats;
+  } cases[] = {
+      {" MERGEFIELD FirstName ", "FirstName", nullptr, nullptr, 0},
+      {"mergefield firstname", "firstname", nullptr, nullptr, 0},
+      {" MERGEFIELD \"Company Name\" \\* MERGEFORMAT ", "Company Name", nullptr, nullptr, 1},
+      {" MERGEFIELD Due \\@ \"MMMM d, yyyy\" ", "Due", "MMMM d, yyyy", nullptr, 0},
+      {" MERGEFIELD Due \\@\"dddd, MMMM dd, yyyy\"", "Due", "dddd, MMMM dd, yyyy", nullptr, 0},
+      {" MERGEFIELD Amount \\# $#,##0.00 \\* Upper \\* MERGEFORMAT", "Amount", nullptr, "$#,##0.00",
+       2},
+      {" MERGEFIELD Name \\*Upper", "Name", nullptr, nullptr, 1},
+      {" MERGEFIELD \"Say \\\"Hi\\\"\" ", "Say \"Hi\"", nullptr, nullptr, 0},
+      {" MERGEFIELD Name \\z junk \\m \\v", "Name", nullptr, nullptr, 0},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.instruction);
+    auto code = parseMergeField(c.instruction);
+    ASSERT_TRUE(code);
+    EXPECT_EQ(code->name, c.name);
+    EXPECT_EQ(code->datePicture.has_value(), c.date != nullptr);
+    if (c.date) {
+      EXPECT_EQ(*code->datePicture, c.date);
+    }
+    EXPECT_EQ(code->numericPicture.has_value(), c.numeric != nullptr);
+    if (c.numeric) {
+      EXPECT_EQ(*code->numericPicture, c.numeric);
+    }
+    EXPECT_EQ(code->formats.size(), c.formats);
+  }
+}
+
+TEST(MergeFieldCodeTest, OtherFieldsAndNamelessOnesAreNotMergeFields) {
+  for (const char* instruction :
+       {" PAGE ", " DATE \\@ \"MMMM\" ", " MERGEFIELD ", "", "  \\* Upper"}) {
+    SCOPED_TRACE(instruction);
+    EXPECT_FALSE(parseMergeField(instruction));
+  }
+  EXPECT_EQ(fieldKeyword("  page \\* Arabic"), "PAGE");
+}
+
+TEST(MergeFieldCodeTest, SwitchesMAndVAreAccepted) {
+  auto code = parseMergeField(" MERGEFIELD Name \\m \\v ");
+  ASSERT_TRUE(code);
+  EXPECT_TRUE(code->mapped);
+  EXPECT_TRUE(code->vertical);
+  EXPECT_EQ(formatMergeValue(*code, Variant("Ann")), "Ann");
+}
+
+TEST(WordDatePictureTest, UpperMIsTheMonthLowerMTheMinute) {
+  Date at = Date::fromParts({2026, 3, 5, 14, 7, 9});  // a Thursday
+  const struct {
+    const char* picture;
+    const char* expected;
+  } cases[] = {
+      {"MMMM d, yyyy", "March 5, 2026"},
+      {"dddd, MMMM dd, yyyy", "Thursday, March 05, 2026"},
+      {"M/d/yy", "3/5/26"},
+      {"ddd MMM", "Thu Mar"},
+      {"h:mm am/pm", "2:07 pm"},
+      {"hh:mm AM/PM", "02:07 PM"},
+      {"HH:mm:ss", "14:07:09"},
+      {"'Due on' d MMMM", "Due on 5 March"},
+      {"yyyy-MM-dd", "2026-03-05"},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.picture);
+    EXPECT_EQ(formatWordDate(at, c.picture), c.expected);
+  }
+  EXPECT_EQ(formatWordDate(Date::fromParts({2026, 1, 1, 0, 5, 0}), "h:mm am/pm"), "12:05 am");
+}
+
+TEST(WordNumericPictureTest, FormatsLikeWord) {
+  const struct {
+    double value;
+    const char* picture;
+    const char* expected;
+  } cases[] = {
+      {1234.5, "$#,##0.00", "$1,234.50"},
+      {1234567.891, "$#,##0.00", "$1,234,567.89"},
+      {-1234.5, "$#,##0.00", "-$1,234.50"},
+      {-1234.5, "$#,##0.00;($#,##0.00)", "($1,234.50)"},
+      {0, "0.00;(0.00);'nil'", "nil"},
+      {9, "00.00", "09.00"},
+      {15, "$###", "$15"},
+      {5, "$#,##0.00", "$5.00"},
+      {0.125, "0.00", "0.13"},  // half away from zero
+      {492492, "x##", "492"},
+      {-80, "-##", "-80"},
+      {10, "+##", "+10"},
+      {33, "##%", "33%"},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.picture + std::string(" ") + std::to_string(c.value));
+    EXPECT_EQ(formatWordNumber(c.value, c.picture), c.expected);
+  }
+}
+
+TEST(MergeValueTest, SwitchesApplyInWordsOrder) {
+  const struct {
+    const char* instruction;
+    Variant value;
+    const char* expected;
+  } cases[] = {
+      {"MERGEFIELD N", Variant("ann lee"), "ann lee"},
+      {"MERGEFIELD N \\* Upper", Variant("société"), "SOCIÉTÉ"},
+      {"MERGEFIELD N \\* Lower", Variant("ÉCOLE"), "école"},
+      {"MERGEFIELD N \\* Caps", Variant("ann MARIE lee"), "Ann Marie Lee"},
+      {"MERGEFIELD N \\* FirstCap", Variant("ann lee"), "Ann lee"},
+      {"MERGEFIELD N \\* MERGEFORMAT", Variant("ann"), "ann"},
+      {"MERGEFIELD N \\b \"Dear \" \\f \",\"", Variant("Ann"), "Dear Ann,"},
+      {"MERGEFIELD N \\b \"Dear \" \\f \",\"", Variant(""), ""},
+      {"MERGEFIELD N \\b \"Dear \"", Variant::null(), ""},
+      {"MERGEFIELD D \\@ \"MMMM d, yyyy\"", Variant(Date::fromYmd(2026, 11, 23)),
+       "November 23, 2026"},
+      {"MERGEFIELD D \\@ \"MMMM d, yyyy\"", Variant("2026-11-23 00:00:00"), "November 23, 2026"},
+      {"MERGEFIELD D \\@ \"MMMM d, yyyy\"", Variant("not a date"), "not a date"},
+      {"MERGEFIELD A \\# \"$#,##0.00\"", Variant(1234.5), "$1,234.50"},
+      {"MERGEFIELD A \\# \"$#,##0.00\"", Variant("1234.5"), "$1,234.50"},
+      {"MERGEFIELD A \\# \"$#,##0.00\"", Variant("n/a"), "n/a"},
+      {"MERGEFIELD A", Variant(int32_t{42}), "42"},
+      {"MERGEFIELD A", Variant(2.5), "2.5"},
+      {"MERGEFIELD A", Variant(true), "True"},
+      {"MERGEFIELD D", Variant(Date::fromYmd(2026, 11, 23)), "11/23/2026"},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.instruction);
+    auto code = parseMergeField(c.instruction);
+    ASSERT_TRUE(code);
+    EXPECT_EQ(formatMergeValue(*code, c.value), c.expected);
+  }
+}
+
+}  // namespace
+}  // namespace nvwm::document
