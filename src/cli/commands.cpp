@@ -13,6 +13,7 @@ void registerCommands(CLI::App& app) {
   registerSampleDb(app);
   registerSql(app);
   registerDocxMerge(app);
+  registerFields(app);
 }
 
 }  // namespace nvwm::cli

@@ -16,5 +16,6 @@ void registerSelfCheck(CLI::App& app);
 void registerSampleDb(CLI::App& app);
 void registerSql(CLI::App& app);
 void registerDocxMerge(CLI::App& app);
+void registerFields(CLI::App& app);
 
 }  // namespace nvwm::cli

@@ -12,10 +12,20 @@ Routine::Routine(std::string_view logTag, ExtraHandlerSteps extra) : extra_(std:
   });
 }
 
+Routine::Routine(std::string_view logTag, OwnErrorService errors, ExtraHandlerSteps extra)
+    : extra_(std::move(extra)), ownService_(true), errors_(errors.service) {
+  if (errors_ == nullptr) return;
+  step([&] { errors_->enterProc(std::string(logTag)); });
+}
+
+ErrorService* Routine::service() const {
+  return ownService_ ? errors_ : references().errorClass.get();
+}
+
 Routine::~Routine() {
   // The exit label: errors are skipped from here on.
   try {
-    if (ErrorService* errors = references().errorClass.get()) errors->exitProc();
+    if (ErrorService* errors = service()) errors->exitProc();
   } catch (...) {
   }
 }
@@ -25,7 +35,7 @@ void Routine::handle(const RuntimeError& error) {
   if (skipping_) return;  // passed over: the next step runs
   running_ = false;
   try {
-    ErrorService* errors = references().errorClass.get();
+    ErrorService* errors = service();
     if (askSuppression_ && errors != nullptr && errors->errorsAreSuppressed()) return;
     if (extra_) extra_(error);
     if (errors == nullptr) return;

@@ -30,6 +30,10 @@
 #include "runtime/error.h"
 
 namespace nvwm {
+class ErrorService;
+}
+
+namespace nvwm {
 
 class Routine {
  public:
@@ -38,6 +42,15 @@ class Routine {
   explicit Routine(std::string_view logTag) : Routine(logTag, nullptr) {}
   // extra runs first in the handler, also when the error service is missing.
   Routine(std::string_view logTag, ExtraHandlerSteps extra);
+  // The error service of an object that holds its own (clsInsertFieldsInRTB's errorClassRTB)
+  // instead of the library-wide errorClass. `service` may be null and must outlive the routine.
+  struct OwnErrorService {
+    ErrorService* service;
+  };
+  // A routine on an object's own error service. It enters and leaves that service only while
+  // one is given: with none the body runs all the same, and an error in a step goes straight
+  // to the exit, as with an empty errorClass.
+  Routine(std::string_view logTag, OwnErrorService errors, ExtraHandlerSteps extra = nullptr);
   // The exit label: errors skipped, exitProc.
   ~Routine();
   Routine(const Routine&) = delete;
@@ -74,8 +87,12 @@ class Routine {
 
  private:
   void handle(const RuntimeError& error);
+  // The error service this routine reports to (may be null).
+  ErrorService* service() const;
 
   ExtraHandlerSteps extra_;
+  bool ownService_ = false;  // True: errors_ is the service, not the library-wide errorClass
+  ErrorService* errors_ = nullptr;
   bool running_ = true;
   bool skipping_ = false;
   bool askSuppression_ = false;

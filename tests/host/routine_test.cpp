@@ -129,3 +129,38 @@ TEST(RoutineTest, ForeignExceptionsBecomeRuntimeErrors) {
 
 }  // namespace
 }  // namespace nvwm
+
+namespace nvwm {
+namespace {
+
+TEST(RoutineOwnServiceTest, EntersTheObjectsServiceNotTheLibrarys) {
+  testing::ScopedReferences refs;
+  testing::RecordingErrorService own;
+  {
+    Routine r("Tallowbrook.exe-clsTest-own", Routine::OwnErrorService{&own});
+    r.step([] { raise(ErrorNumber::kTypeMismatch, "x"); });
+  }
+  EXPECT_EQ(own.entered, (std::vector<std::string>{"Tallowbrook.exe-clsTest-own"}));
+  EXPECT_EQ(own.errors.size(), 1u);
+  EXPECT_TRUE(own.stack.empty());
+  EXPECT_TRUE(refs.errors->entered.empty());
+}
+
+TEST(RoutineOwnServiceTest, WithoutServiceTheBodyRunsAndAnErrorGoesToTheExit) {
+  testing::ScopedReferences refs;
+  std::vector<int> ran;
+  {
+    Routine r("Tallowbrook.exe-clsTest-none", Routine::OwnErrorService{nullptr});
+    r.step([&] { ran.push_back(1); });
+    r.step([&] {
+      ran.push_back(2);
+      raise(ErrorNumber::kTypeMismatch, "x");
+    });
+    r.step([&] { ran.push_back(3); });
+  }
+  EXPECT_EQ(ran, (std::vector<int>{1, 2}));
+  EXPECT_TRUE(refs.errors->entered.empty());
+}
+
+}  // namespace
+}  // namespace nvwm
