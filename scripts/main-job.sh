@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # The main job of the README: installs what is missing, builds, writes the sample practice
-# database, and merges the sample client letter over its companies into out/client-letters.docx.
+# database, lists its clients and the letter fields, and merges the sample client letter over its companies into out/client-letters.docx.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 scripts/setup.sh
@@ -13,5 +13,7 @@ rm -f out/sample-practice.db out/client-letters.docx
 echo "Clients in Ontario:"
 "$nvwm" sql --db out/sample-practice.db \
   "SELECT CompanyName, City, PostalCode FROM Companies WHERE Province = 'Ontario' ORDER BY CompanyName;"
+echo "Merge fields a client letter may use (first 12 of the catalogue):"
+"$nvwm" fields --list-type 1 --db out/sample-practice.db | head -n 12
 "$nvwm" docx-merge --template data/sample-letter.docx --data out/sample-practice.db \
   --table Companies --out out/client-letters.docx
