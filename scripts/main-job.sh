@@ -14,6 +14,7 @@ echo "Clients in Ontario:"
 "$nvwm" sql --db out/sample-practice.db \
   "SELECT CompanyName, City, PostalCode FROM Companies WHERE Province = 'Ontario' ORDER BY CompanyName;"
 echo "Merge fields a client letter may use (first 12 of the catalogue):"
-"$nvwm" fields --list-type 1 --db out/sample-practice.db | head -n 12
+"$nvwm" fields --list-type 1 --db out/sample-practice.db > out/letter-fields.tsv
+head -n 12 out/letter-fields.tsv
 "$nvwm" docx-merge --template data/sample-letter.docx --data out/sample-practice.db \
   --table Companies --out out/client-letters.docx
