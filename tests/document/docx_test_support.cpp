@@ -52,7 +52,7 @@ void dumpNode(pugi::xml_node n, std::string& out, std::string& line) {
 
 }  // namespace
 
-void writeDocx(const DocxSpec& spec, const std::string& path) {
+void writeDocx(const DocxParts& parts, const std::string& path) {
   auto package = document::Package::blank();
   std::string rels = package->bytes("word/_rels/document.xml.rels");
   std::string relEntries;
@@ -74,39 +74,39 @@ void writeDocx(const DocxSpec& spec, const std::string& path) {
       references += "<w:" + kind + "Reference w:type=\"" + type + "\" r:id=\"" + id + "\"/>";
     }
   };
-  for (const auto& [type, xml] : spec.headers) addPart("header", type, xml, "hdr");
-  for (const auto& [type, xml] : spec.footers) addPart("footer", type, xml, "ftr");
-  if (!spec.footnotes.empty()) {
+  for (const auto& [type, xml] : parts.headers) addPart("header", type, xml, "hdr");
+  for (const auto& [type, xml] : parts.footers) addPart("footer", type, xml, "ftr");
+  if (!parts.footnotes.empty()) {
     addPart("footnotes", "",
             "<w:footnote w:type=\"separator\" "
             "w:id=\"-1\"><w:p><w:r><w:separator/></w:r></w:p></w:footnote>"
             "<w:footnote w:type=\"continuationSeparator\" "
             "w:id=\"0\"><w:p><w:r><w:continuationSeparator/></w:r></w:p></w:footnote>" +
-                spec.footnotes,
+                parts.footnotes,
             "footnotes");
   }
-  if (!spec.comments.empty()) addPart("comments", "", spec.comments, "comments");
+  if (!parts.comments.empty()) addPart("comments", "", parts.comments, "comments");
   rels.insert(rels.rfind("</Relationships>"), relEntries);
   package->setBytes("word/_rels/document.xml.rels", rels);
   package->setBytes(
       "word/document.xml",
-      declaration() + "<w:document " + kNamespaces + "><w:body>" + spec.body + "<w:sectPr>" +
-          references + spec.sectPrExtra +
+      declaration() + "<w:document " + kNamespaces + "><w:body>" + parts.body + "<w:sectPr>" +
+          references + parts.sectPrExtra +
           "<w:pgSz w:w=\"12240\" w:h=\"15840\"/><w:pgMar w:top=\"1440\" w:right=\"1440\" "
           "w:bottom=\"1440\" w:left=\"1440\" w:header=\"708\" w:footer=\"708\" w:gutter=\"0\"/>"
           "</w:sectPr></w:body></w:document>");
-  if (!spec.settingsExtra.empty()) {
+  if (!parts.settingsExtra.empty()) {
     std::string settings = package->bytes("word/settings.xml");
-    settings.insert(settings.rfind("</w:settings>"), spec.settingsExtra);
+    settings.insert(settings.rfind("</w:settings>"), parts.settingsExtra);
     package->setBytes("word/settings.xml", settings);
   }
   package->save(path);
 }
 
 void writeDocxBody(const std::string& body, const std::string& path) {
-  DocxSpec spec;
-  spec.body = body;
-  writeDocx(spec, path);
+  DocxParts parts;
+  parts.body = body;
+  writeDocx(parts, path);
 }
 
 void execSqlite(const std::string& path, const std::string& sql) {

@@ -15,7 +15,7 @@ namespace nvwm::testing {
 inline constexpr const char* kW = "http://schemas.openxmlformats.org/wordprocessingml/2006/main";
 
 // A .docx main document written from pieces of WordprocessingML.
-struct DocxSpec {
+struct DocxParts {
   std::string body;         // children of w:body before the final sectPr
   std::string sectPrExtra;  // children added to the final sectPr (references are added)
   std::map<std::string, std::string> headers;  // "default"/"first"/"even" -> children of w:hdr
@@ -25,8 +25,8 @@ struct DocxSpec {
   std::string settingsExtra;                   // children appended to w:settings
 };
 
-// Writes the spec as a .docx file at path.
-void writeDocx(const DocxSpec& spec, const std::string& path);
+// Writes the pieces as a .docx file at path.
+void writeDocx(const DocxParts& parts, const std::string& path);
 // Shorthand: a document whose body is the given paragraphs' XML.
 void writeDocxBody(const std::string& body, const std::string& path);
 

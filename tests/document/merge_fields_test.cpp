@@ -13,10 +13,10 @@ using document::MergeData;
 
 class MergeFieldsTest : public ::testing::Test {
  protected:
-  // Merges the spec with the rows and returns the merged package.
-  std::unique_ptr<document::Package> merge(const DocxSpec& spec, const MergeData& data) {
+  // Merges the parts with the rows and returns the merged package.
+  std::unique_ptr<document::Package> merge(const DocxParts& parts, const MergeData& data) {
     std::string path = dir_.file("main.docx");
-    writeDocx(spec, path);
+    writeDocx(parts, path);
     auto main = document::Package::load(path);
     auto merged = document::mergeDocument(*main, data);
     merged->save(dir_.file("merged.docx"));  // every merged package must save and re-open
@@ -30,9 +30,9 @@ class MergeFieldsTest : public ::testing::Test {
     return doc;
   }
   std::string mergedBody(const std::string& body, const MergeData& data) {
-    DocxSpec spec;
-    spec.body = body;
-    auto merged = merge(spec, data);
+    DocxParts parts;
+    parts.body = body;
+    auto merged = merge(parts, data);
     return dumpBody(*part(*merged, "word/document.xml"));
   }
 
@@ -66,19 +66,19 @@ TEST_F(MergeFieldsTest, AFieldTheSourceLacksShowsWordsErrorText) {
 }
 
 TEST_F(MergeFieldsTest, ALineBreakInAValueBecomesABreak) {
-  DocxSpec spec;
-  spec.body = para(simpleField(" MERGEFIELD Note "));
-  auto merged = merge(spec, oneRow_);
+  DocxParts parts;
+  parts.body = para(simpleField(" MERGEFIELD Note "));
+  auto merged = merge(parts, oneRow_);
   auto doc = part(*merged, "word/document.xml");
   EXPECT_EQ(dumpBody(*doc), "line one/line two\n");
   EXPECT_EQ(countXPath(*doc, "//w:body/w:p[1]/w:r/w:br"), 1u);
 }
 
 TEST_F(MergeFieldsTest, ResultKeepsTheFormattingOfTheFieldResultRun) {
-  DocxSpec spec;
-  spec.body = para(complexField({" MERGEFIELD FirstName "}, "«FirstName»", "<w:b/><w:i/>")) +
+  DocxParts parts;
+  parts.body = para(complexField({" MERGEFIELD FirstName "}, "«FirstName»", "<w:b/><w:i/>")) +
               para(simpleField(" MERGEFIELD FirstName ", "«FirstName»", "<w:u w:val=\"single\"/>"));
-  auto merged = merge(spec, oneRow_);
+  auto merged = merge(parts, oneRow_);
   auto doc = part(*merged, "word/document.xml");
   EXPECT_EQ(countXPath(*doc, "//w:body/w:p[1]/w:r[w:rPr/w:b and w:rPr/w:i and w:t='Ann']"), 1u);
   EXPECT_EQ(countXPath(*doc, "//w:body/w:p[2]/w:r[w:rPr/w:u and w:t='Ann']"), 1u);
@@ -87,14 +87,14 @@ TEST_F(MergeFieldsTest, ResultKeepsTheFormattingOfTheFieldResultRun) {
 }
 
 TEST_F(MergeFieldsTest, CharformatTakesTheFormattingOfTheInstruction) {
-  DocxSpec spec;
-  spec.body = para(
+  DocxParts parts;
+  parts.body = para(
       "<w:r><w:fldChar w:fldCharType=\"begin\"/></w:r>"
       "<w:r><w:rPr><w:b/></w:rPr><w:instrText> MERGEFIELD FirstName \\* CHARFORMAT "
       "</w:instrText></w:r>"
       "<w:r><w:fldChar w:fldCharType=\"separate\"/></w:r>" +
       run("«FirstName»", "<w:i/>") + "<w:r><w:fldChar w:fldCharType=\"end\"/></w:r>");
-  auto merged = merge(spec, oneRow_);
+  auto merged = merge(parts, oneRow_);
   auto doc = part(*merged, "word/document.xml");
   EXPECT_EQ(countXPath(*doc, "//w:r[w:rPr/w:b and not(w:rPr/w:i) and w:t='Ann']"), 1u);
 }
@@ -146,11 +146,11 @@ TEST_F(MergeFieldsTest, FieldsInTablesAndBothBranchesOfATextBox) {
            "<mc:Fallback><w:pict><v:shape><v:textbox>" +
            content + "</v:textbox></v:shape></w:pict></mc:Fallback></mc:AlternateContent></w:r>";
   }();
-  DocxSpec spec;
-  spec.body = "<w:tbl><w:tr><w:tc>" + para(simpleField(" MERGEFIELD FirstName ")) +
+  DocxParts parts;
+  parts.body = "<w:tbl><w:tr><w:tc>" + para(simpleField(" MERGEFIELD FirstName ")) +
               "</w:tc><w:tc>" + para(complexField({" MERGEFIELD Amount \\# 0.0 "})) +
               "</w:tc></w:tr></w:tbl>" + para(textbox);
-  auto merged = merge(spec, oneRow_);
+  auto merged = merge(parts, oneRow_);
   auto doc = part(*merged, "word/document.xml");
   EXPECT_EQ(xpathText(*doc, "//w:tbl/w:tr/w:tc[1]/w:p/w:r/w:t"), "Ann");
   EXPECT_EQ(xpathText(*doc, "//w:tbl/w:tr/w:tc[2]/w:p/w:r/w:t"), "1234.5");
@@ -169,10 +169,10 @@ TEST_F(MergeFieldsTest, ALineOfOnlyEmptyFieldsIsRemoved) {
 
 TEST_F(MergeFieldsTest, ACellKeepsItsLastParagraphEvenWhenItsFieldsAreEmpty) {
   MergeData data({"A", "B"}, {{Variant(""), Variant("")}});
-  DocxSpec spec;
-  spec.body = "<w:tbl><w:tr><w:tc>" + para(simpleField(" MERGEFIELD A ")) +
+  DocxParts parts;
+  parts.body = "<w:tbl><w:tr><w:tc>" + para(simpleField(" MERGEFIELD A ")) +
               para(simpleField(" MERGEFIELD B ")) + "</w:tc></w:tr></w:tbl>" + para(run("after"));
-  auto merged = merge(spec, data);
+  auto merged = merge(parts, data);
   auto doc = part(*merged, "word/document.xml");
   EXPECT_EQ(countXPath(*doc, "//w:tc/w:p"), 1u);
   EXPECT_EQ(dumpBody(*doc), "\nafter\n");
@@ -180,19 +180,19 @@ TEST_F(MergeFieldsTest, ACellKeepsItsLastParagraphEvenWhenItsFieldsAreEmpty) {
 
 TEST_F(MergeFieldsTest, DoNotSuppressBlankLinesKeepsThem) {
   MergeData data({"Name", "Line2"}, {{Variant("Ann"), Variant::null()}});
-  DocxSpec spec;
-  spec.body = para(simpleField(" MERGEFIELD Name ")) + para(simpleField(" MERGEFIELD Line2 ")) +
+  DocxParts parts;
+  parts.body = para(simpleField(" MERGEFIELD Name ")) + para(simpleField(" MERGEFIELD Line2 ")) +
               para(run("end"));
-  spec.settingsExtra = "<w:doNotSuppressBlankLines/>";
-  auto merged = merge(spec, data);
+  parts.settingsExtra = "<w:doNotSuppressBlankLines/>";
+  auto merged = merge(parts, data);
   EXPECT_EQ(dumpBody(*part(*merged, "word/document.xml")), "Ann\n\nend\n");
 }
 
 TEST_F(MergeFieldsTest, ThreeRecordsGiveThreeSectionsRestartingPageNumbers) {
   MergeData data({"FirstName"}, {{Variant("Ann")}, {Variant("Bob")}, {Variant("Cy")}});
-  DocxSpec spec;
-  spec.body = para(run("Dear ") + simpleField(" MERGEFIELD FirstName "));
-  auto merged = merge(spec, data);
+  DocxParts parts;
+  parts.body = para(run("Dear ") + simpleField(" MERGEFIELD FirstName "));
+  auto merged = merge(parts, data);
   auto doc = part(*merged, "word/document.xml");
   EXPECT_EQ(dumpBody(*doc), "Dear Ann\n\n==section==\nDear Bob\n\n==section==\nDear Cy\n");
   EXPECT_EQ(countXPath(*doc, "//w:sectPr"), 3u);
@@ -205,13 +205,13 @@ TEST_F(MergeFieldsTest, ThreeRecordsGiveThreeSectionsRestartingPageNumbers) {
 
 TEST_F(MergeFieldsTest, HeadersWithFieldsAreCopiedPerRecordAndOthersShared) {
   MergeData data({"FirstName"}, {{Variant("Ann")}, {Variant("Bob")}});
-  DocxSpec spec;
-  spec.body = para(run("Body"));
-  spec.headers["default"] = para(run("To ") + simpleField(" MERGEFIELD FirstName "));
-  spec.headers["first"] = para(complexField({" MERGEFIELD ", "FirstName "}));
-  spec.footers["default"] = para(run("Page footer"));
-  spec.sectPrExtra = "<w:titlePg/>";
-  auto merged = merge(spec, data);
+  DocxParts parts;
+  parts.body = para(run("Body"));
+  parts.headers["default"] = para(run("To ") + simpleField(" MERGEFIELD FirstName "));
+  parts.headers["first"] = para(complexField({" MERGEFIELD ", "FirstName "}));
+  parts.footers["default"] = para(run("Page footer"));
+  parts.sectPrExtra = "<w:titlePg/>";
+  auto merged = merge(parts, data);
   auto doc = part(*merged, "word/document.xml");
   auto rels = part(*merged, "word/_rels/document.xml.rels");
   auto types = part(*merged, "[Content_Types].xml");
@@ -241,11 +241,11 @@ TEST_F(MergeFieldsTest, HeadersWithFieldsAreCopiedPerRecordAndOthersShared) {
 
 TEST_F(MergeFieldsTest, EvenPageHeadersAndFootersAreFilledToo) {
   MergeData data({"FirstName"}, {{Variant("Ann")}});
-  DocxSpec spec;
-  spec.body = para(run("Body"));
-  spec.headers["even"] = para(simpleField(" MERGEFIELD FirstName \\* Upper "));
-  spec.footers["even"] = para(run("By ") + simpleField(" MERGEFIELD FirstName "));
-  auto merged = merge(spec, data);
+  DocxParts parts;
+  parts.body = para(run("Body"));
+  parts.headers["even"] = para(simpleField(" MERGEFIELD FirstName \\* Upper "));
+  parts.footers["even"] = para(run("By ") + simpleField(" MERGEFIELD FirstName "));
+  auto merged = merge(parts, data);
   auto doc = part(*merged, "word/document.xml");
   auto rels = part(*merged, "word/_rels/document.xml.rels");
   std::string header = xpathText(
@@ -260,11 +260,11 @@ TEST_F(MergeFieldsTest, EvenPageHeadersAndFootersAreFilledToo) {
 
 TEST_F(MergeFieldsTest, DrawingAndBookmarkIdsStayUniqueAcrossCopies) {
   MergeData data({"FirstName"}, {{Variant("Ann")}, {Variant("Bob")}});
-  DocxSpec spec;
-  spec.body = para("<w:bookmarkStart w:id=\"0\" w:name=\"Top\"/>" + run("x") +
+  DocxParts parts;
+  parts.body = para("<w:bookmarkStart w:id=\"0\" w:name=\"Top\"/>" + run("x") +
                    "<w:bookmarkEnd w:id=\"0\"/><w:r><w:drawing><wp:inline><wp:docPr id=\"1\" "
                    "name=\"Picture 1\"/></wp:inline></w:drawing></w:r>");
-  auto merged = merge(spec, data);
+  auto merged = merge(parts, data);
   auto doc = part(*merged, "word/document.xml");
   auto ids = [&](const char* xpath) {
     std::string out;
@@ -278,12 +278,12 @@ TEST_F(MergeFieldsTest, DrawingAndBookmarkIdsStayUniqueAcrossCopies) {
 
 TEST_F(MergeFieldsTest, TheMergedDocumentHoldsNoMailMergeSettingsOrRecipientData) {
   std::string path = dir_.file("main.docx");
-  DocxSpec spec;
-  spec.body = para(simpleField(" MERGEFIELD FirstName "));
-  spec.settingsExtra =
+  DocxParts parts;
+  parts.body = para(simpleField(" MERGEFIELD FirstName "));
+  parts.settingsExtra =
       "<w:mailMerge><w:mainDocumentType w:val=\"formLetters\"/><w:dataType w:val=\"native\"/>"
       "<w:dataSource r:id=\"rIdSource\"/></w:mailMerge>";
-  writeDocx(spec, path);
+  writeDocx(parts, path);
   auto main = document::Package::load(path);
   main->setBytes(
       "word/_rels/settings.xml.rels",
@@ -313,11 +313,11 @@ TEST_F(MergeFieldsTest, TheMergedDocumentHoldsNoMailMergeSettingsOrRecipientData
 
 TEST_F(MergeFieldsTest, FootnotesAreCopiedPerRecordWithTheirFields) {
   MergeData data({"FirstName"}, {{Variant("Ann")}, {Variant("Bob")}});
-  DocxSpec spec;
-  spec.body = para(run("Text") + "<w:r><w:footnoteReference w:id=\"1\"/></w:r>");
-  spec.footnotes = "<w:footnote w:id=\"1\">" +
+  DocxParts parts;
+  parts.body = para(run("Text") + "<w:r><w:footnoteReference w:id=\"1\"/></w:r>");
+  parts.footnotes = "<w:footnote w:id=\"1\">" +
                    para(run("Note for ") + simpleField(" MERGEFIELD FirstName ")) + "</w:footnote>";
-  auto merged = merge(spec, data);
+  auto merged = merge(parts, data);
   auto doc = part(*merged, "word/document.xml");
   auto notes = part(*merged, "word/footnotes10.xml");
   std::vector<std::string> ids;
@@ -336,12 +336,12 @@ TEST_F(MergeFieldsTest, FootnotesAreCopiedPerRecordWithTheirFields) {
 
 TEST_F(MergeFieldsTest, CommentsAreCopiedPerRecordWithTheirOwnIds) {
   MergeData data({"FirstName"}, {{Variant("Ann")}, {Variant("Bob")}});
-  DocxSpec spec;
-  spec.body = para("<w:commentRangeStart w:id=\"0\"/>" + run("Check") +
+  DocxParts parts;
+  parts.body = para("<w:commentRangeStart w:id=\"0\"/>" + run("Check") +
                    "<w:commentRangeEnd w:id=\"0\"/><w:r><w:commentReference w:id=\"0\"/></w:r>");
-  spec.comments = "<w:comment w:id=\"0\" w:author=\"A\">" +
+  parts.comments = "<w:comment w:id=\"0\" w:author=\"A\">" +
                   para(run("About ") + simpleField(" MERGEFIELD FirstName ")) + "</w:comment>";
-  auto merged = merge(spec, data);
+  auto merged = merge(parts, data);
   auto doc = part(*merged, "word/document.xml");
   auto comments = part(*merged, "word/comments10.xml");
   std::string ids;
@@ -356,9 +356,9 @@ TEST_F(MergeFieldsTest, CommentsAreCopiedPerRecordWithTheirOwnIds) {
 TEST_F(MergeFieldsTest, OtherFieldsAndUnknownElementsTravelThrough) {
   std::string body = para(complexField({" PAGE "}, "1") + "<w14:custom w14:val=\"x\"/>" +
                           simpleField(" DATE \\@ \"yyyy\" ", "2020"));
-  DocxSpec spec;
-  spec.body = body;
-  auto merged = merge(spec, oneRow_);
+  DocxParts parts;
+  parts.body = body;
+  auto merged = merge(parts, oneRow_);
   auto doc = part(*merged, "word/document.xml");
   EXPECT_EQ(countXPath(*doc, "//w:instrText[.=' PAGE ']"), 1u);
   EXPECT_EQ(countXPath(*doc, "//w14:custom[@w14:val='x']"), 1u);
@@ -377,10 +377,10 @@ TEST_F(MergeFieldsTest, UnbalancedFieldCharactersAreLeftAlone) {
 
 TEST_F(MergeFieldsTest, NoRecordsGiveAnEmptyDocumentWithoutFields) {
   MergeData data({"FirstName"}, {});
-  DocxSpec spec;
-  spec.body = para(simpleField(" MERGEFIELD FirstName "));
-  spec.headers["default"] = para(run("To ") + simpleField(" MERGEFIELD FirstName "));
-  auto merged = merge(spec, data);
+  DocxParts parts;
+  parts.body = para(simpleField(" MERGEFIELD FirstName "));
+  parts.headers["default"] = para(run("To ") + simpleField(" MERGEFIELD FirstName "));
+  auto merged = merge(parts, data);
   EXPECT_EQ(dumpBody(*part(*merged, "word/document.xml")), "\n");
   auto header = part(*merged, "word/header10.xml");
   EXPECT_EQ(dumpParagraphs(header->document_element()), "To \n");

@@ -19,14 +19,14 @@ class MergeFilesTest : public ::testing::Test {
     execSqlite(db_,
                "CREATE TABLE Clients (Name TEXT, Fee REAL);"
                "INSERT INTO Clients VALUES ('Ann', 100), ('Bob', 250.5), ('Cy', 0);");
-    DocxSpec spec;
-    spec.body = para(run("Dear ") + complexField({" MERGEFIELD ", "Name "})) +
+    DocxParts parts;
+    parts.body = para(run("Dear ") + complexField({" MERGEFIELD ", "Name "})) +
                 "<w:tbl><w:tr><w:tc>" + para(run("Fee")) + "</w:tc><w:tc>" +
                 para(simpleField(" MERGEFIELD Fee \\# \"$#,##0.00\" ")) + "</w:tc></w:tr></w:tbl>" +
                 para(run("Regards"));
-    spec.headers["default"] = para(run("Ref: ") + simpleField(" MERGEFIELD Name \\* Upper "));
-    spec.footers["default"] = para(complexField({" PAGE "}, "1"));
-    writeDocx(spec, main_);
+    parts.headers["default"] = para(run("Ref: ") + simpleField(" MERGEFIELD Name \\* Upper "));
+    parts.footers["default"] = para(complexField({" PAGE "}, "1"));
+    writeDocx(parts, main_);
   }
   TempDir dir_;
   std::string db_ = dir_.file("clients.db");
