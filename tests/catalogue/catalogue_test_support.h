@@ -1,5 +1,4 @@
-// Helpers of the catalogue tests: a settable locale, a database wrapper that records what the
-// library asked for, controls that record the calls made on them by member name, and dumps of
+// Helpers of the catalogue tests: a database of label tables, controls that record the calls made on them by member name, and dumps of
 // the catalogue's rows.
 #pragma once
 
@@ -15,79 +14,12 @@
 #include "host/database_service.h"
 #include "host/folder_service.h"
 #include "runtime/clock.h"
+#include "services/folder_locale.h"
 #include "services/text_controls.h"
+#include "support/recording_database.h"
 #include "support/test_support.h"
 
 namespace nvwm::testing {
-
-class SettableLocale : public LocaleService {
- public:
-  int32_t country = 1;
-  int32_t province = 3;
-  int32_t getCountryCode() override { return country; }
-  int32_t getProvinceCode() override { return province; }
-};
-
-// Forwards every call to an inner service and records the SQL opened and the handles closed.
-// Without an inner service it is a database that is not connected.
-class RecordingDatabase : public DatabaseService {
- public:
-  explicit RecordingDatabase(std::shared_ptr<DatabaseService> inner = nullptr)
-      : inner_(std::move(inner)) {}
-  std::vector<std::string> opened;    // every SQL text, in order
-  std::vector<Handle> openedHandles;  // the handle each one gave
-  std::vector<Handle> closed;         // every handle closed, in order
-  std::vector<std::string> events;    // "open <sql>" and "close <handle>", in order
-
-  int32_t getRecordCount(Handle h) override { return inner().getRecordCount(h); }
-  bool isEmptyRecordset(Handle h) override { return inner().isEmptyRecordset(h); }
-  bool isRecordsetOpen(Handle h) override { return inner_ && inner_->isRecordsetOpen(h); }
-  bool isEOF(Handle h) override { return inner().isEOF(h); }
-  bool isConnected() override { return inner_ && inner_->isConnected(); }
-  Handle openRecordset(const std::string& sql, int32_t cursorType, int32_t lockType, bool o1,
-                       const std::string& o2, bool o3) override {
-    opened.push_back(sql);
-    events.push_back("open " + sql);
-    Handle h = inner().openRecordset(sql, cursorType, lockType, o1, o2, o3);
-    openedHandles.push_back(h);
-    return h;
-  }
-  void closeRecordset(Handle h) override {
-    closed.push_back(h);
-    events.push_back("close " + std::to_string(h));
-    inner().closeRecordset(h);
-  }
-  int32_t getRecordPosition(Handle h) override { return inner().getRecordPosition(h); }
-  int32_t setRecordPosition(Handle h, int32_t p) override {
-    return inner().setRecordPosition(h, p);
-  }
-  bool hasRecords(Handle h) override { return inner().hasRecords(h); }
-  void moveNext(Handle h) override { inner().moveNext(h); }
-  Variant getField(Handle h, const Variant& name) override { return inner().getField(h, name); }
-  void setField(Handle h, const std::string& n, const std::string& v, const std::string& o1,
-                bool o2) override {
-    inner().setField(h, n, v, o1, o2);
-  }
-  void addNewRecord(Handle h) override { inner().addNewRecord(h); }
-  void setNewField(Handle h, const std::string& n, const Variant& v) override {
-    inner().setNewField(h, n, v);
-  }
-  void updateRecord(Handle h) override { inner().updateRecord(h); }
-  bool findRecord(Handle h, const std::string& n, const Variant& v) override {
-    return inner().findRecord(h, n, v);
-  }
-  Handle filterRecordset(Handle h, const std::string& f) override {
-    return inner().filterRecordset(h, f);
-  }
-  std::string getSQLDateString(const Date& d) override { return inner().getSQLDateString(d); }
-
- private:
-  DatabaseService& inner() {
-    if (!inner_) raise(ErrorNumber::kDatabaseError, "not connected");
-    return *inner_;
-  }
-  std::shared_ptr<DatabaseService> inner_;
-};
 
 // A connected database of label tables only: each SQL text the test registers gives its rows;
 // any other text opens an empty recordset. Handles count from 1; closing is recorded by the
@@ -175,13 +107,13 @@ std::vector<DumpedRow> dumpRows(IDList& list);
 std::vector<std::string> displayNames(IDList& list);
 
 // The environment of a catalogue build: fresh references with a recording error service, a
-// settable locale, a clock fixed on a date, and the default factories.
+// host-set locale, a clock fixed on a date, and the default factories.
 class CatalogueEnvironment {
  public:
   explicit CatalogueEnvironment(Date today = Date::fromYmd(2026, 3, 15));
   ~CatalogueEnvironment();
   ScopedReferences refs;
-  std::shared_ptr<SettableLocale> locale = std::make_shared<SettableLocale>();
+  std::shared_ptr<HostLocale> locale = std::make_shared<HostLocale>();
   std::shared_ptr<FixedClock> clock;
   // A catalogue object with errorClassRTB set to the recording error service.
   std::unique_ptr<clsInsertFieldsInRTB> makeCatalogue() const;

@@ -143,8 +143,8 @@ TEST_F(CustomLabelsTest, EmptyCustomFieldsTableGivesNoCustomRowAtAll) {
 TEST_F(CustomLabelsTest, LabelQueriesAreClosedAfterReading) {
   auto catalogue = env.build(1);
   std::vector<Handle> labelHandles;
-  for (size_t i = 0; i < db->opened.size(); ++i) labelHandles.push_back(db->openedHandles[i]);
-  EXPECT_EQ(db->opened.size(), 4u);  // client, company, contact, firm blocks
+  for (size_t i = 0; i < db->queries.size(); ++i) labelHandles.push_back(db->opened[i]);
+  EXPECT_EQ(db->queries.size(), 4u);  // client, company, contact, firm blocks
   EXPECT_EQ(db->closed, labelHandles);
 }
 
@@ -161,7 +161,7 @@ TEST_F(CustomLabelsTest, WithoutConnectionTheDefaultRowsStandIn) {
   EXPECT_EQ(rows[1].columns,
             (std::vector<std::string>{"ClientCustom2", "Custom Field 2", "ClientInfo", "Text",
                                       "Custom Info 2", "255", "<missing>"}));
-  EXPECT_TRUE(db->opened.empty());
+  EXPECT_TRUE(db->queries.empty());
 }
 
 TEST_F(CustomLabelsTest, FifthDefaultCalendarRowIsStoredUnderAnotherName) {

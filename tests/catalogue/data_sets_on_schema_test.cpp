@@ -48,17 +48,16 @@ TEST_F(DataSetsOnSchemaTest, EveryDataSetOpensForEveryListTypeAndCountry) {
           SCOPED_TRACE("country " + std::to_string(country) + ", list type " +
                        std::to_string(listType) + (openAll ? ", all" : ", by flag") + ", ID " +
                        std::to_string(id));
-          env.locale->country = country;
-          db->opened.clear();
-          db->openedHandles.clear();
+          env.locale->setCountryCode(country);
+          db->clear();
           auto catalogue = env.makeCatalogue();
           catalogue->initializeDataRecordsets(listType, openAll, id, true, true, true, true, true,
                                               id, id);
           EXPECT_TRUE(env.refs.errors->errors.empty())
               << env.refs.errors->errors.front().description();
           env.refs.errors->errors.clear();
-          EXPECT_GE(db->opened.size(), 7u);
-          for (Handle h : db->openedHandles) EXPECT_GE(h, 0);
+          EXPECT_GE(db->queries.size(), 7u);
+          for (Handle h : db->opened) EXPECT_GE(h, 0);
         }
       }
     }

@@ -39,7 +39,7 @@ class DataSetsTest : public ::testing::Test {
   // The data sets' SQL, without the label queries of the custom blocks.
   std::vector<std::string> dataSetSQL() const {
     std::vector<std::string> sql;
-    for (const std::string& s : db->opened) {
+    for (const std::string& s : db->sqlSent()) {
       if (s.rfind("SELECT Custom", 0) != 0) sql.push_back(s);
     }
     return sql;
@@ -104,7 +104,7 @@ TEST_F(DataSetsTest, OpensWhatTheFlagsAskFor) {
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.name);
-    db->opened.clear();
+    db->clear();
     auto catalogue = env.makeCatalogue();
     open(*catalogue, c.flags);
     EXPECT_EQ(dataSetSQL(), c.sql);
@@ -126,8 +126,8 @@ TEST_F(DataSetsTest, ReopeningClosesTheEarlierSetsFirstInOrder) {
   open(*catalogue, {.listType = 8, .openAll = true});
   // Handles in order of opening: client list 1, companies 2, contacts 3, software 4, firm 5,
   // employees 6, appointments 7, dockets 8, schedule 9 (then the label queries).
-  ASSERT_GE(db->openedHandles.size(), 9u);
-  EXPECT_EQ(std::vector<Handle>(db->openedHandles.begin(), db->openedHandles.begin() + 9),
+  ASSERT_GE(db->opened.size(), 9u);
+  EXPECT_EQ(std::vector<Handle>(db->opened.begin(), db->opened.begin() + 9),
             (std::vector<Handle>{1, 2, 3, 4, 5, 6, 7, 8, 9}));
   db->events.clear();
   open(*catalogue, {.listType = 1, .companies = true, .companyID = 5});
@@ -160,7 +160,7 @@ TEST_F(DataSetsTest, WithoutConnectionNothingIsOpenedAndTheCatalogueStands) {
   fake->connected = false;
   auto catalogue = env.makeCatalogue();
   open(*catalogue, {.listType = 1, .openAll = true});
-  EXPECT_TRUE(db->opened.empty());
+  EXPECT_TRUE(db->queries.empty());
   EXPECT_TRUE(db->closed.empty());
   using namespace expected;
   EXPECT_EQ(displayNames(*catalogue->FieldListStructure()),
@@ -198,7 +198,7 @@ TEST_F(DataSetsTest, EntersAndLeavesItsErrorServiceWithItsTag) {
 TEST_F(DataSetsTest, WithoutErrorServiceTheRoutinesStillRun) {
   auto catalogue = std::make_unique<clsInsertFieldsInRTB>();
   open(*catalogue, {.listType = 3, .firm = true});
-  EXPECT_EQ(db->opened.front(), "SELECT AccountantFirmInfo.* From AccountantFirmInfo;");
+  EXPECT_EQ(db->queries.front().sql, "SELECT AccountantFirmInfo.* From AccountantFirmInfo;");
   EXPECT_FALSE(catalogue->FieldListStructure()->isEmpty());
   EXPECT_TRUE(env.refs.errors->entered.empty());
 }

@@ -41,8 +41,8 @@ TEST(FieldListByListTypeTest, DisplayNamesInOrderOfAdding) {
     SCOPED_TRACE("list type " + std::to_string(c.listType) + ", country " +
                  std::to_string(c.country));
     CatalogueEnvironment env;
-    env.locale->country = c.country;
-    env.locale->province = 3;
+    env.locale->setCountryCode(c.country);
+    env.locale->setProvinceCode(3);
     auto catalogue = env.build(c.listType);
     EXPECT_EQ(displayNames(*catalogue->FieldListStructure()),
               expectedFor(c.listType, c.country == 1));
@@ -63,7 +63,7 @@ TEST(FieldListByListTypeTest, AssignmentListSplitsAddressesAndDropsAbbreviations
   for (int32_t country : {1, 2}) {
     SCOPED_TRACE(country);
     CatalogueEnvironment env;
-    env.locale->country = country;
+    env.locale->setCountryCode(country);
     auto catalogue = env.build(1, 2);
     EXPECT_EQ(displayNames(*catalogue->FieldListStructure()), expectedFor(1, country == 1, true));
   }

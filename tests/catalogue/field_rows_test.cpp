@@ -94,7 +94,7 @@ TEST(FieldRowsTest, ColumnsOfNamedRows) {
     SCOPED_TRACE(std::string(c.display) + " in list type " + std::to_string(c.listType) +
                  ", country " + std::to_string(c.country));
     CatalogueEnvironment env(Date::fromYmd(2026, 8, 20));
-    env.locale->country = c.country;
+    env.locale->setCountryCode(c.country);
     auto catalogue = env.build(c.listType);
     std::vector<DumpedRow> rows = dumpRows(*catalogue->FieldListStructure());
     const DumpedRow* row = findRow(rows, c.display);

@@ -107,7 +107,7 @@ TEST(ListBoxTest, EntriesAndItemDataByListType) {
     SCOPED_TRACE("list type " + std::to_string(c.listType) + ", country " +
                  std::to_string(c.country));
     CatalogueEnvironment env;
-    env.locale->country = c.country;
+    env.locale->setCountryCode(c.country);
     EXPECT_EQ(listBoxAfterBuild(env, c.listType), c.expected(true));
   }
 }

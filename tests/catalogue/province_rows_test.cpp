@@ -21,7 +21,7 @@ std::vector<std::string> accountingNames(clsInsertFieldsInRTB& catalogue) {
 
 std::vector<std::string> rowsFor(int32_t province, Date today) {
   CatalogueEnvironment env(today);
-  env.locale->province = province;
+  env.locale->setProvinceCode(province);
   return accountingNames(*env.build(1));
 }
 

@@ -29,6 +29,8 @@ class RecordingDatabase : public ForwardingDatabaseService {
   std::vector<Query> queries;  // every openRecordset, also those that failed
   std::vector<Handle> opened;  // handles that openRecordset returned, in order
   std::vector<Handle> closed;  // handles passed to closeRecordset, in order
+  // "open <sql>" and "close <handle>", interleaved in the order they came.
+  std::vector<std::string> events;
 
   // The SQL texts sent, in order.
   std::vector<std::string> sqlSent() const {
@@ -51,6 +53,7 @@ class RecordingDatabase : public ForwardingDatabaseService {
     queries.clear();
     opened.clear();
     closed.clear();
+    events.clear();
   }
 
   bool isConnected() override {
@@ -60,6 +63,7 @@ class RecordingDatabase : public ForwardingDatabaseService {
   Handle openRecordset(const std::string& sql, int32_t cursorType, int32_t lockType, bool option1,
                        const std::string& option2, bool option3) override {
     queries.push_back({sql, cursorType, lockType});
+    events.push_back("open " + sql);
     Handle h = ForwardingDatabaseService::openRecordset(sql, cursorType, lockType, option1, option2,
                                                         option3);
     opened.push_back(h);
@@ -67,6 +71,7 @@ class RecordingDatabase : public ForwardingDatabaseService {
   }
   void closeRecordset(Handle h) override {
     closed.push_back(h);
+    events.push_back("close " + std::to_string(h));
     ForwardingDatabaseService::closeRecordset(h);
   }
 };
