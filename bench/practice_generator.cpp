@@ -2,6 +2,8 @@
 
 #include <sqlite3.h>
 
+#include <filesystem>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -120,6 +122,19 @@ void generatePractice(const std::string& path, const PracticeSize& size) {
     }
   }
   w.exec("COMMIT;");
+}
+
+const std::string& cachedPractice(const std::string& name, const PracticeSize& size) {
+  static std::map<std::string, std::string> files;
+  std::string key = name + "-" + std::to_string(size.companies);
+  auto it = files.find(key);
+  if (it != files.end()) return it->second;
+  std::filesystem::path dir = std::filesystem::temp_directory_path() / "nvwm-bench";
+  std::filesystem::create_directories(dir);
+  std::string path = (dir / (key + ".db")).string();
+  std::filesystem::remove(path);
+  generatePractice(path, size);
+  return files.emplace(key, path).first->second;
 }
 
 }  // namespace nvwm::bench

@@ -26,4 +26,8 @@ struct PracticeSize {
 // Raises RuntimeError 58 when the file exists and 3001 on an SQLite error.
 void generatePractice(const std::string& path, const PracticeSize& size);
 
+// The path of a practice of that size under the temporary folder's "nvwm-bench", written anew
+// the first time a program asks for that name and company count, and reused after.
+const std::string& cachedPractice(const std::string& name, const PracticeSize& size);
+
 }  // namespace nvwm::bench

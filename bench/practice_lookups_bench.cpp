@@ -26,20 +26,12 @@ class SilentErrorService : public nvwm::ErrorService {
 };
 
 const std::string& practiceOf(int companies) {
-  static std::map<int, std::string> files;
-  auto it = files.find(companies);
-  if (it != files.end()) return it->second;
-  std::filesystem::path dir = std::filesystem::temp_directory_path() / "nvwm-bench";
-  std::filesystem::create_directories(dir);
-  std::string path = (dir / ("lookups-" + std::to_string(companies) + ".db")).string();
-  std::filesystem::remove(path);
   nvwm::bench::PracticeSize size;
   size.companies = companies;
   size.contactsPerCompany = 3;
   size.scheduleItemsPerClient = 2;
   size.tasksPerClient = 1;
-  nvwm::bench::generatePractice(path, size);
-  return files.emplace(companies, path).first->second;
+  return nvwm::bench::cachedPractice("lookups", size);
 }
 
 void installReferences(int companies) {

@@ -16,18 +16,10 @@ using nvwm::Variant;
 
 // One synthetic practice per company count, made once per run of the program.
 const std::string& practiceOf(int companies) {
-  static std::map<int, std::string> files;
-  auto it = files.find(companies);
-  if (it != files.end()) return it->second;
-  std::filesystem::path dir = std::filesystem::temp_directory_path() / "nvwm-bench";
-  std::filesystem::create_directories(dir);
-  std::string path = (dir / ("practice-" + std::to_string(companies) + ".db")).string();
-  std::filesystem::remove(path);
   nvwm::bench::PracticeSize size;
   size.companies = companies;
   size.contactsPerCompany = 1;
-  nvwm::bench::generatePractice(path, size);
-  return files.emplace(companies, path).first->second;
+  return nvwm::bench::cachedPractice("practice", size);
 }
 
 void BM_OpenRecordset(benchmark::State& state) {
