@@ -122,7 +122,49 @@ class clsInsertFieldsInRTB {
   const std::shared_ptr<Object>& mdiFormRTB() const { return MDIFormRTB_; }
 
   // ---- Template and value routines (engine/) ---------------------------------------------
-  // Declared here by the engine when it is built.
+  // Arguments by reference where the original passes them so; the IDs always travel in the
+  // order company, contact, schedule, firm, appointment, docket, task (below 0: no record).
+
+  // Template test pass (engine/template_test_pass.cpp). True when a fault was found.
+  bool testRTBComment(std::string templateText, bool& isRTF, bool& showMessages,
+                      bool& skipFieldNameCheck);
+  // Template parse pass (engine/template_parse_pass.cpp): the finished text.
+  std::string parseRTBComment(std::string templateText, int32_t& companyID, int32_t& contactID,
+                              int32_t& scheduleID, int32_t& firmID, int32_t& appointmentID,
+                              int32_t& docketID, int32_t& taskID, bool& useSampleData,
+                              bool& isRTF, bool& useContactForMissingCompany);
+  // Text clean-up passes (engine/text_cleanup.cpp). The bools are True when an error occurred.
+  bool replaceText(std::string& workText, std::string placeholder, std::string value,
+                   bool& isRTF);
+  bool replaceUnfoundMergeFieldsWithBlanks(std::string& workText);
+  std::string convertToRTF(std::string value);
+  std::string removeBlankLinesFromRTFText(std::string& text);
+  // Field name translation (engine/field_names.cpp).
+  std::string convertFieldName(std::string text);
+  bool testStr(std::string& name);
+  std::string getDBFieldFromEnglishField(std::string& displayName);
+  std::string getEnglishFieldFromDBField(std::string& databaseField);
+  // Merge data lookup (engine/merge_data_field.cpp).
+  std::string getMergeDataField(std::string expression, int32_t companyID, int32_t contactID,
+                                int32_t scheduleID, int32_t firmID, int32_t appointmentID,
+                                int32_t docketID, int32_t taskID, bool& useSampleData,
+                                bool& isRTF, bool& useContactForMissingCompany);
+  // Data field value (engine/data_field.cpp).
+  std::string getDataField(std::string& displayName, int32_t& companyID, int32_t& contactID,
+                           int32_t& scheduleID, int32_t& firmID, int32_t& appointmentID,
+                           int32_t& docketID, int32_t& taskID, bool& useSampleData, bool& isRTF);
+  // Date field value (engine/date_field.cpp).
+  std::string getDataDateField(std::string displayName, std::string format, int32_t& companyID,
+                               int32_t& contactID, int32_t& scheduleID, int32_t& firmID,
+                               int32_t& appointmentID, int32_t& docketID, int32_t& taskID,
+                               bool& useSampleData, bool& isRTF);
+  std::string getTimeDurationFieldValue(Variant& from, Variant& to);
+  // Contact and spouse name (engine/contact_spouse_name.cpp).
+  std::string getContactAndSpouseName(int32_t& contactID, bool& lastNameFirst);
+  // Province handling (engine/provinces.cpp).
+  std::string convertProvinceFields(std::string text);
+  std::string getAbbreviatedProvince(std::string& province);
+  std::string getFullProvinceString(std::string& province);
 
  private:
   // Where a build adds its list entries: the control, or nothing when noList.
