@@ -13,8 +13,8 @@
 #include <filesystem>
 #include <string>
 
-#include "services/document/package.h"
-#include "services/document/word_engine.h"
+#include "docx/package.h"
+#include "services/word/word_engine.h"
 
 namespace {
 
@@ -61,7 +61,7 @@ std::string writeMainDocument() {
               "w:fldCharType=\"end\"/></w:r></w:p>";
     }
   }
-  auto package = nvwm::document::Package::blank();
+  auto package = nvwm::docx::Package::blank();
   std::string doc = package->bytes("word/document.xml");
   doc.insert(doc.find("<w:body>") + 8, body);
   package->setBytes("word/document.xml", doc);
@@ -105,7 +105,7 @@ void BM_DocxMerge(benchmark::State& state) {
   std::string source = writeSource(records);
   std::string out = (workFolder() / "merged.docx").string();
   for (auto _ : state) {
-    size_t merged = nvwm::document::mergeFiles(main, source, "WordMergeTable", out);
+    size_t merged = nvwm::wordengine::mergeFiles(main, source, "WordMergeTable", out);
     benchmark::DoNotOptimize(merged);
   }
   struct rusage usage {};

@@ -3,7 +3,7 @@
 
 #include "cli/commands.h"
 #include "runtime/error.h"
-#include "services/document/word_engine.h"
+#include "services/word/word_engine.h"
 
 namespace nvwm::cli {
 
@@ -22,7 +22,7 @@ void registerDocxMerge(CLI::App& app) {
   cmd->callback([options] {
     try {
       size_t merged =
-          document::mergeFiles(options->templatePath, options->data, options->table, options->out);
+          wordengine::mergeFiles(options->templatePath, options->data, options->table, options->out);
       std::cout << "merged " << merged << (merged == 1 ? " record" : " records") << " into "
                 << options->out << "\n";
       setExitCode(0);

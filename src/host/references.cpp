@@ -1,5 +1,7 @@
 #include "host/references.h"
 
+#include <atomic>
+
 namespace nvwm {
 
 LibraryReferences& references() {
@@ -7,8 +9,17 @@ LibraryReferences& references() {
   return refs;
 }
 
+namespace {
+std::atomic<ServiceFactoriesMaker> installedMaker{nullptr};
+}  // namespace
+
+void installDefaultServiceFactories(ServiceFactoriesMaker make) { installedMaker.store(make); }
+
 ServiceFactories& factories() {
-  thread_local ServiceFactories f = makeDefaultServiceFactories();
+  thread_local ServiceFactories f = [] {
+    ServiceFactoriesMaker make = installedMaker.load();
+    return make ? make() : ServiceFactories{};
+  }();
   return f;
 }
 

@@ -54,9 +54,14 @@ struct ServiceFactories {
   std::function<std::shared_ptr<ado::Table>()> createTable;
 };
 
-// The calling thread's factories, filled with the defaults on first use.
+// The calling thread's factories, made by the installed defaults on the thread's first use
+// (all empty when none are installed).
 ServiceFactories& factories();
-// The defaults; defined with the stand-ins.
-ServiceFactories makeDefaultServiceFactories();
+
+// Where the defaults come from. This layer only declares them: the library proper installs
+// the stand-ins' set (library_defaults.h) before a program's main runs, so whoever links the
+// library gets working defaults. A program that links only lower layers installs a set itself.
+using ServiceFactoriesMaker = ServiceFactories (*)();
+void installDefaultServiceFactories(ServiceFactoriesMaker make);
 
 }  // namespace nvwm

@@ -1,13 +1,13 @@
-// The stand-ins the library creates for itself unless a host or a test installs others.
-#include "host/references.h"
+#include "services/default_factories.h"
+
 #include "services/date_utility.h"
-#include "services/document/word_engine.h"
 #include "services/file_utility.h"
 #include "services/folder_locale.h"
 #include "services/id_list.h"
 #include "services/terminal_progress_dialog.h"
 #include "services/text_controls.h"
 #include "services/variant_utility.h"
+#include "services/word/word_engine.h"
 
 namespace nvwm {
 
@@ -20,7 +20,7 @@ ServiceFactories makeDefaultServiceFactories() {
   f.createWorkingFolder = [] { return std::make_shared<XdgWorkingFolder>(); };
   f.createProgressDialog = [] { return std::make_shared<TerminalProgressDialog>(); };
   f.createRTBTextInserter = [] { return std::make_shared<TextRTBTextInserter>(); };
-  f.createWordApplication = [] { return document::createDefaultWordApplication(); };
+  f.createWordApplication = [] { return wordengine::createDefaultWordApplication(); };
   return f;
 }
 

@@ -1,6 +1,7 @@
 #include "catalogue_test_support.h"
 
 #include "host/references.h"
+#include "services/default_factories.h"
 #include "runtime/convert.h"
 
 namespace nvwm::testing {

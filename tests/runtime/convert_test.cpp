@@ -6,7 +6,7 @@
 
 #include "runtime/clock.h"
 #include "runtime/format.h"
-#include "support/test_support.h"
+#include "support/runtime_assertions.h"
 
 namespace nvwm {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "support/test_support.h"
+#include "support/runtime_assertions.h"
 
 namespace nvwm {
 namespace {

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "runtime/text.h"
-#include "support/test_support.h"
+#include "support/runtime_assertions.h"
 
 namespace nvwm {
 namespace {

@@ -4,7 +4,7 @@
 
 #include "runtime/format.h"
 #include "runtime/regional.h"
-#include "support/test_support.h"
+#include "support/runtime_assertions.h"
 
 namespace nvwm {
 namespace {

@@ -1,4 +1,5 @@
-// Helpers shared by the tests: error assertions, a recording error service, temporary folders.
+// Helpers of the tests from the host layer up: a recording error service and fresh library
+// references per test, with the assertions and temporary folders of the lower layers.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -11,17 +12,8 @@
 #include "host/error_service.h"
 #include "host/references.h"
 #include "runtime/error.h"
-
-// Asserts that a statement raises a RuntimeError with the given number.
-#define EXPECT_RUNTIME_ERROR(statement, expectedNumber)                                    \
-  do {                                                                                     \
-    try {                                                                                  \
-      statement;                                                                           \
-      ADD_FAILURE() << #statement " raised nothing; expected error " << (expectedNumber);  \
-    } catch (const ::nvwm::RuntimeError& e_) {                                             \
-      EXPECT_EQ(e_.number(), static_cast<int32_t>(expectedNumber)) << e_.description();    \
-    }                                                                                      \
-  } while (0)
+#include "support/runtime_assertions.h"
+#include "support/temp_dir.h"
 
 namespace nvwm::testing {
 
@@ -59,18 +51,6 @@ class ScopedReferences {
 
  private:
   LibraryReferences saved_;
-};
-
-// A folder under the system's temporary folder, removed with everything in it at the end.
-class TempDir {
- public:
-  TempDir();
-  ~TempDir();
-  const std::filesystem::path& path() const { return path_; }
-  std::string file(const std::string& name) const { return (path_ / name).string(); }
-
- private:
-  std::filesystem::path path_;
 };
 
 }  // namespace nvwm::testing

@@ -13,7 +13,7 @@
 //     the header is refused (it means the quoting is wrong).
 //   - Text that is not valid UTF-8, in CSV or in SQLite, is refused with the row it is on, so
 //     that no invalid text reaches a document.
-#include "services/document/data_source.h"
+#include "docx/data_source.h"
 
 #include <sqlite3.h>
 
@@ -28,7 +28,7 @@
 #include "runtime/error.h"
 #include "runtime/text.h"
 
-namespace nvwm::document {
+namespace nvwm::docx {
 namespace {
 
 std::string upper(std::string_view s) {
@@ -342,4 +342,4 @@ MergeData MergeData::loadCsv(const std::string& path) {
   return data;
 }
 
-}  // namespace nvwm::document
+}  // namespace nvwm::docx

@@ -9,7 +9,7 @@
 //
 // Arguments left out (Variant::missing) take Word's defaults; those that change nothing here
 // (passwords, encodings, zoom...) are accepted and ignored.
-#include "services/document/word_engine.h"
+#include "services/word/word_engine.h"
 
 #include <spawn.h>
 #include <sys/wait.h>
@@ -24,18 +24,29 @@
 #include "runtime/clock.h"
 #include "runtime/convert.h"
 #include "runtime/error.h"
-#include "services/document/data_source.h"
-#include "services/document/field_code.h"
-#include "services/document/mail_merge.h"
-#include "services/document/merge_template.h"
-#include "services/document/package.h"
+#include "docx/data_source.h"
+#include "docx/field_code.h"
+#include "docx/mail_merge.h"
+#include "docx/merge_template.h"
+#include "docx/package.h"
 
 extern char** environ;
 
-namespace nvwm::document {
+namespace nvwm::wordengine {
 namespace {
 
 namespace fs = std::filesystem;
+using docx::MergeData;
+using docx::Package;
+using docx::appendRuns;
+using docx::formatWordDate;
+using docx::isMainDocument;
+using docx::kParseFlags;
+using docx::kTypeDocumentMain;
+using docx::mergeDocument;
+using docx::readMailMergeLink;
+using docx::serialize;
+using docx::writeMailMergeLink;
 
 // Word's own error numbers for these cases.
 constexpr int32_t kObjectDeleted = 5825;      // "Object has been deleted."
@@ -535,4 +546,4 @@ size_t mergeFiles(const std::string& templatePath, const std::string& dataSource
   return data.rowCount();
 }
 
-}  // namespace nvwm::document
+}  // namespace nvwm::wordengine

@@ -22,16 +22,16 @@
 //     another, out of a text box) is left untouched: no safe merged form exists.
 //   - An instruction that is not a MERGEFIELD, or a MERGEFIELD without a name, is left alone.
 //   - Elements are recognised under the prefix "w:", as word processors write them.
-#include "services/document/merge_template.h"
+#include "docx/merge_template.h"
 
 #include <algorithm>
 #include <cstring>
 #include <unordered_set>
 
 #include "runtime/error.h"
-#include "services/document/package.h"
+#include "docx/package.h"
 
-namespace nvwm::document {
+namespace nvwm::docx {
 namespace {
 
 constexpr const char* kSlotElement = "nvwmslot";
@@ -491,4 +491,4 @@ void renderXml(std::string& out, const CompiledXml& xml, const RecordValues& val
   }
 }
 
-}  // namespace nvwm::document
+}  // namespace nvwm::docx

@@ -4,8 +4,8 @@
 
 #include <filesystem>
 
-#include "document/docx_test_support.h"
-#include "services/document/word_engine.h"
+#include "docx/docx_test_support.h"
+#include "services/word/word_engine.h"
 #include "support/test_support.h"
 
 namespace nvwm::testing {
@@ -16,11 +16,11 @@ namespace fs = std::filesystem;
 class MailMergeTest : public ::testing::Test {
  protected:
   MailMergeTest() {
-    document::WordEngineOptions options;
-    options.presenter = [this](const std::vector<document::OpenDocumentInfo>& docs) {
+    wordengine::WordEngineOptions options;
+    options.presenter = [this](const std::vector<wordengine::OpenDocumentInfo>& docs) {
       shown_ = docs;
     };
-    app_ = document::createWordApplication(options);
+    app_ = wordengine::createWordApplication(options);
     execSqlite(db_, R"(
       CREATE TABLE WordMergeTable ("First Name" TEXT, Balance REAL, Due DATETIME, Active BOOLEAN, Visits INTEGER);
       INSERT INTO WordMergeTable VALUES ('Ann', 1234.5, '2026-11-23 00:00:00', 1, 3);
@@ -61,7 +61,7 @@ class MailMergeTest : public ::testing::Test {
   std::string db_ = dir_.file("WordMergeSource.db");
   std::string main_ = dir_.file("main.docx");
   std::shared_ptr<word::Application> app_;
-  std::vector<document::OpenDocumentInfo> shown_;
+  std::vector<wordengine::OpenDocumentInfo> shown_;
   int saves_ = 0;
 };
 
@@ -102,7 +102,7 @@ TEST_F(MailMergeTest, TheMainDocumentRemembersItsSourceAndTheMergedOneDoesNot) {
   std::string out = dir_.file("merged.docx");
   merged->SaveAs(Variant(out));
   EXPECT_EQ(countXPath(*loadPart(out, "word/settings.xml"), "//w:mailMerge"), 0u);
-  auto package = document::Package::load(out);
+  auto package = docx::Package::load(out);
   EXPECT_FALSE(package->has("word/_rels/settings.xml.rels") &&
                package->bytes("word/_rels/settings.xml.rels").find("mailMergeSource") !=
                    std::string::npos);
@@ -177,7 +177,7 @@ TEST_F(MailMergeTest, ConnectionTextsNameTheTableInWordsForms) {
   for (const char* connection :
        {"TABLE `Other Table`", "table [Other Table]", "TABLE \"Other Table\""}) {
     SCOPED_TRACE(connection);
-    auto app = document::createWordApplication({});
+    auto app = wordengine::createWordApplication({});
     auto doc = app->Documents()->Open(Variant(main_));
     openSource(doc, db_, connection);
     EXPECT_EQ(doc->MailMerge()->State(), 2);

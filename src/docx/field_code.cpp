@@ -14,7 +14,7 @@
 //
 // A switch letter glued to its argument ("\*Upper", "\@"MMMM d"") reads as if separated.
 // \* may repeat ("\* Upper \* MERGEFORMAT"). An unknown switch is skipped with its argument.
-#include "services/document/field_code.h"
+#include "docx/field_code.h"
 
 #include <unicode/locid.h>
 #include <unicode/uchar.h>
@@ -27,7 +27,7 @@
 #include "runtime/convert.h"
 #include "runtime/regional.h"
 
-namespace nvwm::document {
+namespace nvwm::docx {
 namespace {
 
 bool isBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == '\xA0'; }
@@ -484,4 +484,4 @@ std::string firstCapText(std::string_view text) {
   return toUtf8(u);
 }
 
-}  // namespace nvwm::document
+}  // namespace nvwm::docx

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "services/document/package.h"
+#include "docx/package.h"
 
 namespace nvwm::testing {
 

@@ -36,7 +36,7 @@
 
 #include "host/word.h"
 
-namespace nvwm::document {
+namespace nvwm::wordengine {
 
 // What a presenter is given for each open document when the application becomes visible.
 struct OpenDocumentInfo {
@@ -84,4 +84,4 @@ DocumentPresenter savingPresenter(std::string folder, std::ostream& report);
 size_t mergeFiles(const std::string& templatePath, const std::string& dataSource,
                   const std::string& table, const std::string& outputPath);
 
-}  // namespace nvwm::document
+}  // namespace nvwm::wordengine

@@ -1,15 +1,16 @@
 // Data sources: an SQLite table with typed columns in order, and CSV files by RFC 4180.
-#include "services/document/data_source.h"
+#include "docx/data_source.h"
 
 #include <gtest/gtest.h>
 
-#include "document/docx_test_support.h"
-#include "support/test_support.h"
+#include "docx/docx_test_support.h"
+#include "support/runtime_assertions.h"
+#include "support/temp_dir.h"
 
 namespace nvwm::testing {
 namespace {
 
-using document::MergeData;
+using docx::MergeData;
 
 TEST(DataSourceTest, SqliteColumnsComeInOrderWithTheirDeclaredTypes) {
   TempDir dir;
@@ -56,7 +57,7 @@ TEST(DataSourceTest, ConnectionTextsNameTheTable) {
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.connection);
-    EXPECT_EQ(document::tableOfConnection(c.connection), c.table);
+    EXPECT_EQ(docx::tableOfConnection(c.connection), c.table);
   }
 }
 

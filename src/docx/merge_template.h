@@ -12,10 +12,10 @@
 #include <unordered_set>
 #include <vector>
 
-#include "services/document/data_source.h"
-#include "services/document/field_code.h"
+#include "docx/data_source.h"
+#include "docx/field_code.h"
 
-namespace nvwm::document {
+namespace nvwm::docx {
 
 // One merge field of a part.
 struct FieldSlot {
@@ -114,4 +114,4 @@ void renderXml(std::string& out, const CompiledXml& xml, const RecordValues& val
                const std::vector<SlotGroup>& groups,
                const std::function<std::string(RefKind, const std::string&)>& resolve);
 
-}  // namespace nvwm::document
+}  // namespace nvwm::docx

@@ -15,7 +15,7 @@
 // drawing and bookmark ids move on by a stride per row so that they stay unique.
 // With no rows the body is one empty paragraph and the fields of headers and footers empty.
 // The body is kept in blocks (Package::setFragments), written to the zip one after the other.
-#include "services/document/mail_merge.h"
+#include "docx/mail_merge.h"
 
 #include <cstdlib>
 #include <cstring>
@@ -23,9 +23,9 @@
 #include <unordered_map>
 
 #include "runtime/error.h"
-#include "services/document/merge_template.h"
+#include "docx/merge_template.h"
 
-namespace nvwm::document {
+namespace nvwm::docx {
 namespace {
 
 bool named(pugi::xml_node n, const char* name) { return std::strcmp(n.name(), name) == 0; }
@@ -577,4 +577,4 @@ std::unique_ptr<Package> mergeDocument(Package& main, const MergeData& data) {
   return out;
 }
 
-}  // namespace nvwm::document
+}  // namespace nvwm::docx

@@ -9,7 +9,7 @@
 #include "runtime/date.h"
 #include "runtime/variant.h"
 
-namespace nvwm::document {
+namespace nvwm::docx {
 
 // A parsed MERGEFIELD instruction.
 struct MergeFieldCode {
@@ -59,4 +59,4 @@ std::string toLowerText(std::string_view text);
 std::string capsText(std::string_view text);      // Caps: each word's first letter up
 std::string firstCapText(std::string_view text);  // FirstCap: the first letter up
 
-}  // namespace nvwm::document
+}  // namespace nvwm::docx

@@ -10,7 +10,7 @@
 
 #include "runtime/variant.h"
 
-namespace nvwm::document {
+namespace nvwm::docx {
 
 enum class DataSourceKind { kSqlite, kCsv };
 
@@ -59,4 +59,4 @@ std::string tableOfConnection(std::string_view connection);
 // True when text is valid UTF-8.
 bool isValidUtf8(std::string_view text);
 
-}  // namespace nvwm::document
+}  // namespace nvwm::docx

@@ -1,11 +1,11 @@
 // MERGEFIELD instructions and the text their switches make of a value.
-#include "services/document/field_code.h"
+#include "docx/field_code.h"
 
 #include <gtest/gtest.h>
 
 #include "runtime/date.h"
 
-namespace nvwm::document {
+namespace nvwm::docx {
 namespace {
 
 TEST(MergeFieldCodeTest, ParsesNamesAndSwitchesWhereverTheBlanksFall) {
@@ -146,4 +146,4 @@ TEST(MergeValueTest, SwitchesApplyInWordsOrder) {
 }
 
 }  // namespace
-}  // namespace nvwm::document
+}  // namespace nvwm::docx

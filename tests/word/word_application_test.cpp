@@ -6,10 +6,11 @@
 #include <filesystem>
 #include <sstream>
 
-#include "document/docx_test_support.h"
+#include "docx/docx_test_support.h"
 #include "host/references.h"
+#include "services/default_factories.h"
 #include "runtime/clock.h"
-#include "services/document/word_engine.h"
+#include "services/word/word_engine.h"
 #include "support/test_support.h"
 
 namespace nvwm::testing {
@@ -24,31 +25,32 @@ class WordApplicationTest : public ::testing::Test {
 };
 
 TEST_F(WordApplicationTest, VersionIsConfigurableAndStartUpCanFail) {
-  EXPECT_EQ(document::createWordApplication({})->Version(), "16.0");
-  document::WordEngineOptions options;
+  EXPECT_EQ(wordengine::createWordApplication({})->Version(), "16.0");
+  wordengine::WordEngineOptions options;
   options.version = "8.0";
-  EXPECT_EQ(document::createWordApplication(options)->Version(), "8.0");
+  EXPECT_EQ(wordengine::createWordApplication(options)->Version(), "8.0");
   options.failToStart = true;
-  EXPECT_RUNTIME_ERROR(document::createWordApplication(options), 429);
+  EXPECT_RUNTIME_ERROR(wordengine::createWordApplication(options), 429);
 }
 
 TEST_F(WordApplicationTest, TheDefaultFactoryCreatesTheEngineWithTheThreadsOptions) {
-  ASSERT_TRUE(factories().createWordApplication);
-  document::wordEngineOptions().version = "9.0";
-  EXPECT_EQ(factories().createWordApplication()->Version(), "9.0");
-  document::wordEngineOptions().failToStart = true;
-  EXPECT_RUNTIME_ERROR(factories().createWordApplication(), 429);
-  document::wordEngineOptions() = {};
+  ServiceFactories defaults = makeDefaultServiceFactories();
+  ASSERT_TRUE(defaults.createWordApplication);
+  wordengine::wordEngineOptions().version = "9.0";
+  EXPECT_EQ(defaults.createWordApplication()->Version(), "9.0");
+  wordengine::wordEngineOptions().failToStart = true;
+  EXPECT_RUNTIME_ERROR(defaults.createWordApplication(), 429);
+  wordengine::wordEngineOptions() = {};
 }
 
 TEST_F(WordApplicationTest, VisibleSavesUnsavedDocumentsIntoTheOutputFolderAndReportsThem) {
   std::string existing = dir_.file("existing.docx");
   writeDocxBody(para(run("x")), existing);
   std::ostringstream report;
-  document::WordEngineOptions options;
+  wordengine::WordEngineOptions options;
   std::string folder = dir_.file("out");
-  options.presenter = document::savingPresenter(folder, report);
-  auto app = document::createWordApplication(options);
+  options.presenter = wordengine::savingPresenter(folder, report);
+  auto app = wordengine::createWordApplication(options);
   app->Documents()->Open(Variant(existing));
   app->Documents()->Add();
   app->Visible(false);
@@ -56,27 +58,27 @@ TEST_F(WordApplicationTest, VisibleSavesUnsavedDocumentsIntoTheOutputFolderAndRe
   app->Visible(true);
   std::string saved = (fs::path(folder) / "Document1.docx").string();
   EXPECT_EQ(report.str(), "existing.docx: " + existing + "\nDocument1: " + saved + "\n");
-  EXPECT_TRUE(document::Package::load(saved));
+  EXPECT_TRUE(docx::Package::load(saved));
   // A second document of the same name does not overwrite the first.
-  auto other = document::createWordApplication(options);
+  auto other = wordengine::createWordApplication(options);
   other->Documents()->Add();
   other->Visible(true);
   EXPECT_TRUE(fs::exists(fs::path(folder) / "Document1 (2).docx"));
 }
 
 TEST_F(WordApplicationTest, PrintOutRunsThePrintCommandWithTheDocument) {
-  document::WordEngineOptions options;
+  wordengine::WordEngineOptions options;
   std::string printed = dir_.file("printed.docx");
   options.printCommand = {"/bin/sh", "-c", "cp \"$1\" '" + printed + "'", "sh"};
-  auto app = document::createWordApplication(options);
+  auto app = wordengine::createWordApplication(options);
   app->Documents()->Add()->PrintOut();
-  EXPECT_TRUE(document::Package::load(printed));
+  EXPECT_TRUE(docx::Package::load(printed));
 }
 
 TEST_F(WordApplicationTest, PrintOutReportsAFailingCommandAndAMissingPrinter) {
-  document::WordEngineOptions options;
+  wordengine::WordEngineOptions options;
   options.printCommand = {"/bin/sh", "-c", "exit 3", "sh"};
-  auto doc = document::createWordApplication(options)->Documents()->Add();
+  auto doc = wordengine::createWordApplication(options)->Documents()->Add();
   try {
     doc->PrintOut();
     ADD_FAILURE() << "printed";
@@ -85,7 +87,7 @@ TEST_F(WordApplicationTest, PrintOutReportsAFailingCommandAndAMissingPrinter) {
   }
   std::string path = std::getenv("PATH") ? std::getenv("PATH") : "";
   ::setenv("PATH", dir_.path().c_str(), 1);
-  auto plain = document::createWordApplication({})->Documents()->Add();
+  auto plain = wordengine::createWordApplication({})->Documents()->Add();
   try {
     plain->PrintOut();
     ADD_FAILURE() << "printed without lp";
@@ -100,7 +102,7 @@ TEST_F(WordApplicationTest, InsertDateTimePutsTodayAsTextAtTheSelectionAndMovesP
   setClock(std::make_shared<FixedClock>(Date::fromParts({2026, 11, 23, 9, 5, 0})));
   std::string path = dir_.file("letter.docx");
   writeDocxBody(para(run("Body", "<w:b/>"), "<w:jc w:val=\"right\"/>") + para(run("Second")), path);
-  auto app = document::createWordApplication({});
+  auto app = wordengine::createWordApplication({});
   auto doc = app->Documents()->Open(Variant(path));
   auto selection = app->Selection();
   selection->InsertDateTime(Variant("dddd, MMMM dd, yyyy"), Variant(false));
@@ -117,7 +119,7 @@ TEST_F(WordApplicationTest, InsertDateTimePutsTodayAsTextAtTheSelectionAndMovesP
 
 TEST_F(WordApplicationTest, InsertDateTimeAsFieldLeavesADateField) {
   setClock(std::make_shared<FixedClock>(Date::fromYmd(2026, 11, 23)));
-  auto app = document::createWordApplication({});
+  auto app = wordengine::createWordApplication({});
   auto doc = app->Documents()->Add();
   app->Selection()->InsertDateTime(Variant("MMMM d, yyyy"), Variant(true));
   std::string out = dir_.file("out.docx");
@@ -129,7 +131,7 @@ TEST_F(WordApplicationTest, InsertDateTimeAsFieldLeavesADateField) {
 
 TEST_F(WordApplicationTest, TheSelectionFollowsTheActiveDocument) {
   setClock(std::make_shared<FixedClock>(Date::fromYmd(2026, 11, 23)));
-  auto app = document::createWordApplication({});
+  auto app = wordengine::createWordApplication({});
   auto first = app->Documents()->Add();
   auto second = app->Documents()->Add();
   first->Activate();
@@ -142,7 +144,7 @@ TEST_F(WordApplicationTest, TheSelectionFollowsTheActiveDocument) {
 }
 
 TEST_F(WordApplicationTest, NothingWorksAfterQuit) {
-  auto app = document::createWordApplication({});
+  auto app = wordengine::createWordApplication({});
   auto doc = app->Documents()->Add();
   app->NormalTemplate()->Saved(true);
   app->Quit();
@@ -152,7 +154,7 @@ TEST_F(WordApplicationTest, NothingWorksAfterQuit) {
 }
 
 TEST_F(WordApplicationTest, InsertDateTimeWithoutADocumentRaises) {
-  auto app = document::createWordApplication({});
+  auto app = wordengine::createWordApplication({});
   EXPECT_RUNTIME_ERROR(app->Selection()->InsertDateTime(Variant("yyyy"), Variant(false)), 4248);
 }
 

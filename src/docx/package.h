@@ -12,7 +12,7 @@
 #include <unordered_map>
 #include <vector>
 
-namespace nvwm::document {
+namespace nvwm::docx {
 
 // Relationship types and content types the engine writes or looks for.
 inline constexpr std::string_view kRelOfficeDocument =
@@ -121,4 +121,4 @@ class Package {
 // Serializes a node or a document with the package's flags.
 std::string serialize(const pugi::xml_node& node);
 
-}  // namespace nvwm::document
+}  // namespace nvwm::docx

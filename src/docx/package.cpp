@@ -12,7 +12,7 @@
 //   - Invalid UTF-8 inside a part is not repaired: pugixml passes the bytes through, and the
 //     engine copies them as they came. Text the engine itself inserts (merge values, dates) is
 //     checked where it enters (see data_source.cpp).
-#include "services/document/package.h"
+#include "docx/package.h"
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -27,7 +27,7 @@
 
 #include "runtime/error.h"
 
-namespace nvwm::document {
+namespace nvwm::docx {
 namespace {
 
 namespace fs = std::filesystem;
@@ -428,4 +428,4 @@ void Package::removeContentTypeOverride(std::string_view partName) {
   }
 }
 
-}  // namespace nvwm::document
+}  // namespace nvwm::docx

@@ -1,32 +1,33 @@
 // Merge fields where real documents put them, and what the merged copy holds in their place.
 #include <gtest/gtest.h>
 
-#include "document/docx_test_support.h"
-#include "services/document/data_source.h"
-#include "services/document/mail_merge.h"
-#include "support/test_support.h"
+#include "docx/docx_test_support.h"
+#include "docx/data_source.h"
+#include "docx/mail_merge.h"
+#include "support/runtime_assertions.h"
+#include "support/temp_dir.h"
 
 namespace nvwm::testing {
 namespace {
 
-using document::MergeData;
+using docx::MergeData;
 
 class MergeFieldsTest : public ::testing::Test {
  protected:
   // Merges the parts with the rows and returns the merged package.
-  std::unique_ptr<document::Package> merge(const DocxParts& parts, const MergeData& data) {
+  std::unique_ptr<docx::Package> merge(const DocxParts& parts, const MergeData& data) {
     std::string path = dir_.file("main.docx");
     writeDocx(parts, path);
-    auto main = document::Package::load(path);
-    auto merged = document::mergeDocument(*main, data);
+    auto main = docx::Package::load(path);
+    auto merged = docx::mergeDocument(*main, data);
     merged->save(dir_.file("merged.docx"));  // every merged package must save and re-open
     expectConsistentPackage(dir_.file("merged.docx"));
-    return document::Package::load(dir_.file("merged.docx"));
+    return docx::Package::load(dir_.file("merged.docx"));
   }
-  std::unique_ptr<pugi::xml_document> part(document::Package& p, const std::string& name) {
+  std::unique_ptr<pugi::xml_document> part(docx::Package& p, const std::string& name) {
     auto doc = std::make_unique<pugi::xml_document>();
     std::string bytes = p.bytes(name);
-    EXPECT_TRUE(doc->load_buffer(bytes.data(), bytes.size(), document::kParseFlags)) << name;
+    EXPECT_TRUE(doc->load_buffer(bytes.data(), bytes.size(), docx::kParseFlags)) << name;
     return doc;
   }
   std::string mergedBody(const std::string& body, const MergeData& data) {
@@ -284,12 +285,12 @@ TEST_F(MergeFieldsTest, TheMergedDocumentHoldsNoMailMergeSettingsOrRecipientData
       "<w:mailMerge><w:mainDocumentType w:val=\"formLetters\"/><w:dataType w:val=\"native\"/>"
       "<w:dataSource r:id=\"rIdSource\"/></w:mailMerge>";
   writeDocx(parts, path);
-  auto main = document::Package::load(path);
+  auto main = docx::Package::load(path);
   main->setBytes(
       "word/_rels/settings.xml.rels",
       "<Relationships xmlns=\"http://schemas.openxmlformats.org/package/2006/relationships\">"
       "<Relationship Id=\"rIdSource\" Type=\"" +
-          std::string(document::kRelMailMergeSource) +
+          std::string(docx::kRelMailMergeSource) +
           "\" Target=\"file:///tmp/source.db\" TargetMode=\"External\"/></Relationships>");
   main->setBytes("word/recipientData.xml", "<w:recipients xmlns:w=\"" + std::string(kW) + "\"/>");
   main->setContentTypeOverride(
@@ -297,10 +298,10 @@ TEST_F(MergeFieldsTest, TheMergedDocumentHoldsNoMailMergeSettingsOrRecipientData
       "application/vnd.openxmlformats-officedocument.wordprocessingml.recipientData+xml");
   std::string rels = main->bytes("word/_rels/document.xml.rels");
   rels.insert(rels.rfind("</Relationships>"), "<Relationship Id=\"rIdRecipients\" Type=\"" +
-                                                  std::string(document::kRelRecipientData) +
+                                                  std::string(docx::kRelRecipientData) +
                                                   "\" Target=\"recipientData.xml\"/>");
   main->setBytes("word/_rels/document.xml.rels", rels);
-  auto merged = document::mergeDocument(*main, oneRow_);
+  auto merged = docx::mergeDocument(*main, oneRow_);
   EXPECT_EQ(countXPath(*part(*merged, "word/settings.xml"), "//w:mailMerge"), 0u);
   EXPECT_FALSE(merged->has("word/recipientData.xml"));
   EXPECT_EQ(merged->bytes("word/_rels/settings.xml.rels").find("mailMergeSource"),

@@ -8,9 +8,9 @@
 
 #include <filesystem>
 
-#include "document/docx_test_support.h"
+#include "docx/docx_test_support.h"
 #include "runtime/clock.h"
-#include "services/document/word_engine.h"
+#include "services/word/word_engine.h"
 #include "support/test_support.h"
 
 namespace nvwm::testing {
@@ -20,7 +20,7 @@ namespace fs = std::filesystem;
 
 class DocumentFileTest : public ::testing::Test {
  protected:
-  std::shared_ptr<word::Application> app_ = document::createWordApplication({});
+  std::shared_ptr<word::Application> app_ = wordengine::createWordApplication({});
   TempDir dir_;
 
   void writeZip(const std::string& path,
@@ -49,7 +49,7 @@ TEST_F(DocumentFileTest, AddThenSaveAsWritesAValidDocxWhateverTheExtension) {
   app_->Selection()->InsertDateTime(Variant("yyyy"), Variant(false));
   std::string path = dir_.file("Letter.doc");
   doc->SaveAs(Variant(path));
-  auto reopened = document::Package::load(path);
+  auto reopened = docx::Package::load(path);
   EXPECT_EQ(reopened->mainPart(), "word/document.xml");
   auto xml = loadPart(path, "word/document.xml");
   EXPECT_EQ(countXPath(*xml, "/w:document/w:body/w:p"), 1u);
@@ -64,8 +64,8 @@ TEST_F(DocumentFileTest, OpenKeepsWhitespaceAndUnknownPartsThroughASave) {
   auto doc = app_->Documents()->Open(Variant(fixture));
   std::string out = dir_.file("copy.docx");
   doc->SaveAs(Variant(out));
-  auto original = document::Package::load(fixture);
-  auto copy = document::Package::load(out);
+  auto original = docx::Package::load(fixture);
+  auto copy = docx::Package::load(out);
   EXPECT_EQ(copy->bytes("customXml/item1.xml"), original->bytes("customXml/item1.xml"));
   auto xml = loadPart(out, "word/document.xml");
   EXPECT_EQ(countXPath(*xml, "//w:t[@xml:space='preserve' and .=' ']"), 1u);
@@ -100,12 +100,12 @@ TEST_F(DocumentFileTest, BadFilesRaiseAndLeaveNothingOpen) {
 }
 
 TEST_F(DocumentFileTest, AFailedOpenLeavesNoDocumentBehind) {
-  document::WordEngineOptions options;
+  wordengine::WordEngineOptions options;
   std::vector<std::string> shown;
-  options.presenter = [&](const std::vector<document::OpenDocumentInfo>& docs) {
+  options.presenter = [&](const std::vector<wordengine::OpenDocumentInfo>& docs) {
     for (const auto& d : docs) shown.push_back(d.name);
   };
-  auto app = document::createWordApplication(options);
+  auto app = wordengine::createWordApplication(options);
   writeFile(dir_.file("text.docx"), "this is not a zip");
   EXPECT_RUNTIME_ERROR(app->Documents()->Open(Variant(dir_.file("text.docx"))), 4198);
   app->Documents()->Add();
@@ -153,7 +153,7 @@ TEST_F(DocumentFileTest, AddFromATemplateMakesADocumentWithItsContent) {
   std::string templatePath = dir_.file("letter.dotx");
   writeDocxBody(para(run("Letterhead")), templatePath);
   {
-    auto t = document::Package::load(templatePath);
+    auto t = docx::Package::load(templatePath);
     t->setContentTypeOverride(
         "word/document.xml",
         "application/vnd.openxmlformats-officedocument.wordprocessingml.template.main+xml");
@@ -178,7 +178,7 @@ TEST_F(DocumentFileTest, SaveAsOverAnExistingFileReplacesItWhole) {
   std::string path = dir_.file("x.docx");
   writeFile(path, "old contents");
   app_->Documents()->Add()->SaveAs(Variant(path));
-  EXPECT_TRUE(document::Package::load(path));
+  EXPECT_TRUE(docx::Package::load(path));
   EXPECT_EQ(filesInDir(), std::vector<std::string>{"x.docx"});
 }
 

@@ -1,4 +1,4 @@
-#include "document/docx_test_support.h"
+#include "docx/docx_test_support.h"
 
 #include <gtest/gtest.h>
 #include <sqlite3.h>
@@ -53,7 +53,7 @@ void dumpNode(pugi::xml_node n, std::string& out, std::string& line) {
 }  // namespace
 
 void writeDocx(const DocxParts& parts, const std::string& path) {
-  auto package = document::Package::blank();
+  auto package = docx::Package::blank();
   std::string rels = package->bytes("word/_rels/document.xml.rels");
   std::string relEntries;
   std::string references;
@@ -133,10 +133,10 @@ std::string readFile(const std::string& path) {
 }
 
 std::unique_ptr<pugi::xml_document> loadPart(const std::string& docxPath, const std::string& part) {
-  auto package = document::Package::load(docxPath);
+  auto package = docx::Package::load(docxPath);
   auto doc = std::make_unique<pugi::xml_document>();
   std::string bytes = package->bytes(part);
-  pugi::xml_parse_result r = doc->load_buffer(bytes.data(), bytes.size(), document::kParseFlags);
+  pugi::xml_parse_result r = doc->load_buffer(bytes.data(), bytes.size(), docx::kParseFlags);
   EXPECT_TRUE(r) << part << ": " << r.description();
   return doc;
 }
@@ -152,7 +152,7 @@ std::string xpathText(const pugi::xml_node& root, const std::string& xpath) {
 }
 
 void expectConsistentPackage(const std::string& docxPath) {
-  auto package = document::Package::load(docxPath);
+  auto package = docx::Package::load(docxPath);
   auto types = std::make_unique<pugi::xml_document>();
   std::string typesXml = package->bytes("[Content_Types].xml");
   ASSERT_TRUE(types->load_buffer(typesXml.data(), typesXml.size()));
@@ -166,13 +166,13 @@ void expectConsistentPackage(const std::string& docxPath) {
     if (extension != "xml" && extension != "rels") continue;
     pugi::xml_document doc;
     std::string bytes = package->bytes(name);
-    ASSERT_TRUE(doc.load_buffer(bytes.data(), bytes.size(), document::kParseFlags)) << "not XML";
+    ASSERT_TRUE(doc.load_buffer(bytes.data(), bytes.size(), docx::kParseFlags)) << "not XML";
     if (extension == "rels") continue;
     std::set<std::string> ids;
     for (const auto& rel : package->relationships(name)) {
       ids.insert(rel.id);
       if (!rel.external) {
-        EXPECT_TRUE(package->has(document::Package::resolveTarget(name, rel.target)))
+        EXPECT_TRUE(package->has(docx::Package::resolveTarget(name, rel.target)))
             << "missing target " << rel.target;
       }
     }

@@ -6,10 +6,10 @@
 #include <optional>
 #include <string>
 
-#include "services/document/data_source.h"
-#include "services/document/package.h"
+#include "docx/data_source.h"
+#include "docx/package.h"
 
-namespace nvwm::document {
+namespace nvwm::docx {
 
 // The data source a main document names in its settings (w:mailMerge).
 struct MailMergeLink {
@@ -40,4 +40,4 @@ bool suppressesBlankLines(Package& package);
 // part can't be read.
 std::unique_ptr<Package> mergeDocument(Package& main, const MergeData& data);
 
-}  // namespace nvwm::document
+}  // namespace nvwm::docx

@@ -4,8 +4,8 @@
 #include <cstdlib>
 #include <filesystem>
 
-#include "document/docx_test_support.h"
-#include "services/document/word_engine.h"
+#include "docx/docx_test_support.h"
+#include "services/word/word_engine.h"
 #include "support/test_support.h"
 
 namespace nvwm::testing {
@@ -35,9 +35,9 @@ class MergeFilesTest : public ::testing::Test {
 };
 
 TEST_F(MergeFilesTest, MergesEveryRecordAndTheOutputReopens) {
-  EXPECT_EQ(document::mergeFiles(main_, db_, "Clients", out_), 3u);
+  EXPECT_EQ(wordengine::mergeFiles(main_, db_, "Clients", out_), 3u);
   expectConsistentPackage(out_);
-  auto app = document::createWordApplication({});
+  auto app = wordengine::createWordApplication({});
   auto reopened = app->Documents()->Open(Variant(out_));
   EXPECT_EQ(reopened->MailMerge()->State(), 0);
   auto xml = loadPart(out_, "word/document.xml");
@@ -59,7 +59,7 @@ TEST_F(MergeFilesTest, BadInputRaisesAndWritesNothing) {
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.templatePath + " " + c.data + " " + c.table);
-    EXPECT_THROW(document::mergeFiles(c.templatePath, c.data, c.table, out_), RuntimeError);
+    EXPECT_THROW(wordengine::mergeFiles(c.templatePath, c.data, c.table, out_), RuntimeError);
     EXPECT_FALSE(fs::exists(out_));
   }
 }
@@ -69,7 +69,7 @@ TEST_F(MergeFilesTest, LibreOfficeConvertsTheMergedOutputToPdf) {
   if (std::system("command -v soffice > /dev/null 2>&1") != 0) {
     GTEST_SKIP() << "LibreOffice (soffice) is not installed";
   }
-  ASSERT_EQ(document::mergeFiles(main_, db_, "Clients", out_), 3u);
+  ASSERT_EQ(wordengine::mergeFiles(main_, db_, "Clients", out_), 3u);
   std::string command = "cd '" + dir_.path().string() + "' && HOME='" + dir_.path().string() +
                         "' timeout 120 soffice --headless --norestore --convert-to pdf merged.docx"
                         " > soffice.log 2>&1";
