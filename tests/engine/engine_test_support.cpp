@@ -59,6 +59,11 @@ PracticeCatalogue::PracticeCatalogue(CatalogueEnvironment& env, int32_t listType
     }
   }
   practice.exec("INSERT INTO CustomFields (" + columns + ") VALUES (" + values + ");");
+  practice.exec(
+      "INSERT INTO CustomAddressFields (ContactLabel1, ContactLabel2, ContactLabel3, "
+      "ContactLabel4, ContactLabel5, CompanyLabel1, CompanyLabel2, CompanyLabel3, "
+      "CompanyLabel4, CompanyLabel5) VALUES ('Custom 1', 'Custom 2', 'Custom 3', 'Custom 4', "
+      "'Custom 5', 'Custom 1', 'Custom 2', 'Custom 3', 'Custom 4', 'Custom 5');");
   practice.exec("UPDATE CustomFields SET RemittanceLabel1 = 'Form', TaskCustomName1 = 'Step:';");
   references().DatabaseReference = practice.service();
   rtb = env.makeCatalogue();
