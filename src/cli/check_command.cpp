@@ -12,8 +12,6 @@
 // prints nothing and exits 0. A fault the pass leaves to the error service (a date placeholder
 // without a format) is logged on standard error, and exits 1 as well. 2: the template or the
 // sample practice could not be read or made.
-#include <spdlog/sinks/stdout_sinks.h>
-#include <spdlog/spdlog.h>
 #include <stdlib.h>
 
 #include <filesystem>
@@ -93,11 +91,7 @@ int runCheck(const CheckOptions& o) {
 
   LibraryReferences& refs = references();
   // Errors go to stderr: stdout holds the pass's messages alone.
-  auto logger = spdlog::get("check");
-  if (!logger) logger = spdlog::stderr_logger_mt("check");
-  auto errors = std::make_shared<LoggingErrorService>(logger);
-  refs.errorClass = errors;
-  refs.errorClassIsSet = true;
+  auto errors = useStderrErrorService("check");
   if (!refs.LocaleReference) refs.LocaleReference = std::make_shared<HostLocale>();
 
   ScratchFolder scratch;

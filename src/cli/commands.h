@@ -2,6 +2,12 @@
 #pragma once
 
 #include <CLI/CLI.hpp>
+#include <memory>
+#include <string>
+
+namespace nvwm {
+class LoggingErrorService;
+}
 
 namespace nvwm::cli {
 
@@ -10,6 +16,10 @@ void registerCommands(CLI::App& app);
 // The exit code the command that ran has set (0 when none ran).
 int exitCode();
 void setExitCode(int code);
+
+// Installs as errorClass an error service that logs to standard error under the command's name,
+// so that standard output holds the command's own output alone. Returns it.
+std::shared_ptr<LoggingErrorService> useStderrErrorService(const std::string& command);
 
 // One function per command file.
 void registerSelfCheck(CLI::App& app);

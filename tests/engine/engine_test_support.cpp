@@ -50,20 +50,7 @@ std::vector<int32_t> EngineTest::errorNumbers() const {
 }
 
 PracticeCatalogue::PracticeCatalogue(CatalogueEnvironment& env, int32_t listType) {
-  std::string columns, values;
-  for (const char* stem :
-       {"CustomName", "ApptCustomName", "RemittanceLabel", "TaskCustomName", "DocketCustomName"}) {
-    for (int n = 1; n <= 5; ++n) {
-      columns += std::string(columns.empty() ? "" : ", ") + stem + std::to_string(n);
-      values += std::string(values.empty() ? "" : ", ") + "'Custom " + std::to_string(n) + "'";
-    }
-  }
-  practice.exec("INSERT INTO CustomFields (" + columns + ") VALUES (" + values + ");");
-  practice.exec(
-      "INSERT INTO CustomAddressFields (ContactLabel1, ContactLabel2, ContactLabel3, "
-      "ContactLabel4, ContactLabel5, CompanyLabel1, CompanyLabel2, CompanyLabel3, "
-      "CompanyLabel4, CompanyLabel5) VALUES ('Custom 1', 'Custom 2', 'Custom 3', 'Custom 4', "
-      "'Custom 5', 'Custom 1', 'Custom 2', 'Custom 3', 'Custom 4', 'Custom 5');");
+  addUntouchedLabels(practice);
   practice.exec("UPDATE CustomFields SET RemittanceLabel1 = 'Form', TaskCustomName1 = 'Step:';");
   references().DatabaseReference = practice.service();
   rtb = env.makeCatalogue();
