@@ -10,6 +10,14 @@ namespace nvwm::addresses {
 
 inline constexpr std::string_view kFormatAddresses = "modFormatAddresses";
 
+// The two pieces every summary starts with, and its end. A line of a summary ends in
+// kSummaryLineEnd; a blank line between sections is one more.
+inline constexpr std::string_view kSummaryHeader =
+    R"({\rtf1\ansi\ansicpg1252\deff0\deflang4105{\fonttbl{\f0\fswiss\fcharset0 Arial;}})";
+inline constexpr std::string_view kSummaryViewKind = R"(\viewkind4\uc1\pard\f0\fs16)";
+inline constexpr std::string_view kSummaryLineEnd = "\\par\r\n";
+inline constexpr std::string_view kSummaryEnd = "}";
+
 // A routine of this module: "Tallowbrook.exe-modFormatAddresses-<name>", with the module's
 // error tail (errorsAreSuppressed asked first).
 class AddressRoutine : public practice::LookupRoutine {

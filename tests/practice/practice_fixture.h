@@ -21,6 +21,9 @@ class PracticeFixture {
 
   // Runs SQL straight on the database file (the rows a case needs), not through the library.
   void exec(const std::string& sql);
+  // The first column of the first row, as SQLite stores it, read straight from the file (see
+  // PracticeDb::stored).
+  std::string stored(const std::string& sql);
 
   RecordingDatabase& db() { return *db_; }
   RecordingErrorService& errors() { return *refs_.errors; }
