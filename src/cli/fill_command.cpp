@@ -16,9 +16,6 @@
 // 6 time entry, 8 task or schedule entry), else 1. Without --db the built-in sample practice is
 // used (a made-up Ontario firm; see "sample-db"). The exit code is 0, 1 when the library
 // reported an error while filling, 2 for bad input (no template, invalid UTF-8, no database).
-#include <spdlog/sinks/stdout_sinks.h>
-#include <spdlog/spdlog.h>
-
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
@@ -150,11 +147,7 @@ int runFill(FillOptions o) {
   }
 
   LibraryReferences& refs = references();
-  auto logger = spdlog::get("fill");
-  if (!logger) logger = spdlog::stderr_logger_mt("fill");
-  auto errors = std::make_shared<LoggingErrorService>(logger);
-  refs.errorClass = errors;
-  refs.errorClassIsSet = true;
+  auto errors = useStderrErrorService("fill");
   refs.LocaleReference = std::make_shared<HostLocale>(o.country, o.province);
   refs.variantUtility = factories().createVariantUtility();
   refs.dateUtility = factories().createDateUtility();
