@@ -17,6 +17,7 @@ ValuesTest::ValuesTest() : db(std::make_shared<RecordingDatabase>(practice.servi
   std::stringstream sql;
   sql << in.rdbuf();
   EXPECT_FALSE(sql.str().empty()) << "values_practice.sql not found";
+  addUntouchedLabels(practice);
   practice.exec(sql.str());
   references().DatabaseReference = db;
   references().variantUtility = factories().createVariantUtility();

@@ -2,11 +2,6 @@
 -- contacts that do and don't inherit their company's details, a client record with every
 -- satellite row, software, an appointment, a time entry, schedule entries and tasks.
 
--- The custom labels as a firm that never renamed them has them.
-INSERT INTO CustomFields (CustomName1, CustomName2, CustomName3, CustomName4, CustomName5, ApptCustomName1, ApptCustomName2, ApptCustomName3, ApptCustomName4, ApptCustomName5, RemittanceLabel1, RemittanceLabel2, RemittanceLabel3, RemittanceLabel4, RemittanceLabel5, TaskCustomName1, TaskCustomName2, TaskCustomName3, TaskCustomName4, TaskCustomName5, DocketCustomName1, DocketCustomName2, DocketCustomName3, DocketCustomName4, DocketCustomName5) VALUES
-  ('Custom 1', 'Custom 2', 'Custom 3', 'Custom 4', 'Custom 5', 'Custom 1', 'Custom 2', 'Custom 3', 'Custom 4', 'Custom 5', 'Custom 1', 'Custom 2', 'Custom 3', 'Custom 4', 'Custom 5', 'Custom 1', 'Custom 2', 'Custom 3', 'Custom 4', 'Custom 5', 'Custom 1', 'Custom 2', 'Custom 3', 'Custom 4', 'Custom 5');
-INSERT INTO CustomAddressFields (ContactLabel1, ContactLabel2, ContactLabel3, ContactLabel4, ContactLabel5, CompanyLabel1, CompanyLabel2, CompanyLabel3, CompanyLabel4, CompanyLabel5) VALUES
-  ('Custom 1', 'Custom 2', 'Custom 3', 'Custom 4', 'Custom 5', 'Custom 1', 'Custom 2', 'Custom 3', 'Custom 4', 'Custom 5');
 
 INSERT INTO Companies (CompanyID, CompanyName, Address, City, Province, PostalCode, Country, OfficeNumber, FaxNumber, AltProvince) VALUES
   (1, 'Bellwood Lane CPA', '210 Princess Street', 'Kingston', 'Ontario', 'K7L 1B2', 'Canada', '(613) 555-0142', '(613) 555-0143', NULL),
