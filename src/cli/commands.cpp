@@ -31,6 +31,7 @@ void registerCommands(CLI::App& app) {
   registerFields(app);
   registerFill(app);
   registerCheck(app);
+  registerContact(app);
 }
 
 }  // namespace nvwm::cli

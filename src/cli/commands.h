@@ -29,5 +29,6 @@ void registerDocxMerge(CLI::App& app);
 void registerFields(CLI::App& app);
 void registerFill(CLI::App& app);
 void registerCheck(CLI::App& app);
+void registerContact(CLI::App& app);
 
 }  // namespace nvwm::cli

@@ -17,25 +17,23 @@
 // used (a made-up Ontario firm; see "sample-db"). The exit code is 0, 1 when the library
 // reported an error while filling, 2 for bad input (no template, invalid UTF-8, no database).
 #include <cstdio>
-#include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <iterator>
 #include <memory>
-#include <random>
 #include <sstream>
 #include <string>
 
 #include "catalogue/cls_insert_fields_in_rtb.h"
 #include "catalogue/field_record.h"
 #include "cli/commands.h"
+#include "cli/sample_practice_file.h"
 #include "host/references.h"
 #include "practice/lookups.h"
 #include "runtime/error.h"
 #include "runtime/utf8.h"
 #include "services/folder_locale.h"
 #include "services/logging_error_service.h"
-#include "services/sqlite/sample_practice.h"
 #include "services/sqlite/sqlite_database.h"
 
 namespace nvwm::cli {
@@ -57,25 +55,6 @@ struct FillOptions {
   int32_t country = 1;
   int32_t province = 3;
   std::string templatePath;
-};
-
-// The sample practice in a file of its own for the length of one run.
-class SamplePracticeFile {
- public:
-  SamplePracticeFile() {
-    std::random_device rd;
-    path_ = std::filesystem::temp_directory_path() /
-            ("nvwordmerge-fill-" + std::to_string(rd()) + ".db");
-    writeSamplePractice(path_.string());
-  }
-  ~SamplePracticeFile() {
-    std::error_code ec;
-    std::filesystem::remove(path_, ec);
-  }
-  std::string path() const { return path_.string(); }
-
- private:
-  std::filesystem::path path_;
 };
 
 bool readTemplate(const std::string& path, std::string& text) {
@@ -155,7 +134,7 @@ int runFill(FillOptions o) {
   std::unique_ptr<SamplePracticeFile> sample;
   try {
     if (o.db.empty()) {
-      sample = std::make_unique<SamplePracticeFile>();
+      sample = std::make_unique<SamplePracticeFile>("fill");
       o.db = sample->path();
     }
   } catch (const RuntimeError& e) {

@@ -74,8 +74,10 @@ int32_t getTaskIDFromScheduleID(int32_t scheduleID);
 // The contact of the company's first link, in recordset order, with a non-Null ContactIDNum
 // and DefaultContact True; -1 when none. A Null DefaultContact on a row that is reached raises
 // 94 into the error service.
-// This routine reads only: the repair of a company whose links name no valid default (through
-// checkForDefaultContact) is not part of it yet.
+// A read that can write: when the company has links and the result names no existing contact,
+// it returns checkForDefaultContact(companyID, True) (practice/default_contacts.h), which marks
+// the first link as the default when none is marked, and returns a marked link as it is even
+// when its contact no longer exists. A company without links gives -1 and nothing changes.
 int32_t getDefaultContactIDFromCompanyID(int32_t companyID);
 // True when the company's link to the contact is marked default (first True row wins); False
 // otherwise. No Null test: a Null DefaultContact raises 94 into the error service (False).

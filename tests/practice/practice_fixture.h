@@ -25,6 +25,8 @@ class PracticeFixture {
   // PracticeDb::stored).
   std::string stored(const std::string& sql);
 
+  // The database file (to open a second service on it, read-only for example).
+  const std::string& path() const { return practice_.path(); }
   RecordingDatabase& db() { return *db_; }
   RecordingErrorService& errors() { return *refs_.errors; }
   // The numbers of the errors that reached the error service, in order.
