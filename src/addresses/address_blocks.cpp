@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "addresses/format_addresses_internal.h"
+#include "practice/lookups.h"
 #include "runtime/convert.h"
 #include "runtime/text.h"
 
@@ -35,6 +36,28 @@ Variant AddressRoutine::readValue(Handle h, std::string_view field) {
   Variant value;
   step([&] { value = practice::database().getField(h, Variant(field)); });
   return value;
+}
+
+Person choosePerson(AddressRoutine& r, int32_t contactID, int32_t employeeID) {
+  Person person;
+  r.step([&] { person.isEmployee = validEmployeeID(std::to_string(employeeID)); });
+  if (person.isEmployee) {
+    person.found = true;
+    person.id = employeeID;
+    person.sql =
+        "SELECT AccountantEmployeeInfo.* FROM AccountantEmployeeInfo WHERE "
+        "AccountantEmployeeInfo.ContactID=" +
+        std::to_string(employeeID) + ";";
+    return person;
+  }
+  r.step([&] { person.found = validContactID(std::to_string(contactID)); });
+  if (person.found) {
+    person.id = contactID;
+    person.sql =
+        "SELECT Contacts.* FROM Contacts WHERE Contacts.ContactID=" + std::to_string(contactID) +
+        ";";
+  }
+  return person;
 }
 
 std::string textOf(const Variant& value) {

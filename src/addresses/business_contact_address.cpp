@@ -40,16 +40,11 @@ std::string createBusinessContactAddress(int32_t contactID, bool asRTF, int32_t 
   r.step([&] { clearAddressFields(record); });
   if (!r.connected()) return result;
 
-  std::string mainSql;
+  const addresses::Person person = addresses::choosePerson(r, contactID, employeeID);
+  if (!person.found) return result;
   std::string companySql;
   bool companyKnown = false;
-  bool isEmployee = false;
-  r.step([&] { isEmployee = validEmployeeID(std::to_string(employeeID)); });
-  if (isEmployee) {
-    mainSql =
-        "SELECT AccountantEmployeeInfo.* FROM AccountantEmployeeInfo WHERE "
-        "AccountantEmployeeInfo.ContactID=" +
-        std::to_string(employeeID) + ";";
+  if (person.isEmployee) {
     r.step([&] {
       if (!validFirmID(std::to_string(companyID))) {
         companyID = -1;
@@ -64,12 +59,6 @@ std::string createBusinessContactAddress(int32_t contactID, bool asRTF, int32_t 
           std::to_string(companyID) + ";";
     });
   } else {
-    bool isContact = false;
-    r.step([&] { isContact = validContactID(std::to_string(contactID)); });
-    if (!isContact) return result;
-    mainSql =
-        "SELECT Contacts.* FROM Contacts WHERE Contacts.ContactID=" + std::to_string(contactID) +
-        ";";
     r.step([&] {
       if (!validCompanyID(std::to_string(companyID))) {
         companyID = -1;
@@ -80,7 +69,7 @@ std::string createBusinessContactAddress(int32_t contactID, bool asRTF, int32_t 
                    std::to_string(companyID) + ";";
     });
   }
-  const Handle main = r.open(mainSql);
+  const Handle main = r.open(person.sql);
   const Handle company = companyKnown ? r.open(companySql) : kNoHandle;
 
   if (r.hasRows(main)) {

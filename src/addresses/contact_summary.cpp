@@ -167,26 +167,11 @@ std::string saveContactBusinessRTF(int32_t contactID, int32_t employeeID, int32_
   std::string result;
   if (!r.connected()) return result;
 
-  // The person: an employee of the firm when employeeID names one, else a contact.
-  bool isEmployee = false;
-  r.step([&] { isEmployee = validEmployeeID(std::to_string(employeeID)); });
-  int32_t personID = employeeID;
-  std::string mainSql;
-  if (isEmployee) {
-    mainSql =
-        "SELECT AccountantEmployeeInfo.* FROM AccountantEmployeeInfo WHERE "
-        "AccountantEmployeeInfo.ContactID=" +
-        std::to_string(employeeID) + ";";
-  } else {
-    bool isContact = false;
-    r.step([&] { isContact = validContactID(std::to_string(contactID)); });
-    if (!isContact) return result;
-    personID = contactID;
-    mainSql =
-        "SELECT Contacts.* FROM Contacts WHERE Contacts.ContactID=" + std::to_string(contactID) +
-        ";";
-  }
-  const Handle main = r.open(mainSql, kLockOptimistic);
+  const addresses::Person person = addresses::choosePerson(r, contactID, employeeID);
+  if (!person.found) return result;
+  const bool isEmployee = person.isEmployee;
+  const int32_t personID = person.id;
+  const Handle main = r.open(person.sql, kLockOptimistic);
   const Handle labels =
       r.open("SELECT CustomAddressFields.* FROM CustomAddressFields;", kLockOptimistic);
   const Handle notes = r.open("SELECT ContactsNotes.* FROM ContactsNotes WHERE ContactNum=" +

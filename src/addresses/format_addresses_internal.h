@@ -1,6 +1,7 @@
 // Internal: what the routines of modFormatAddresses share.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -33,6 +34,18 @@ class AddressRoutine : public practice::LookupRoutine {
   // The column's value, as a step; Empty when the step fails.
   Variant readValue(Handle h, std::string_view field);
 };
+
+// The person a block or a summary is about: a firm employee when employeeID names one
+// (validEmployeeID), else the contact when contactID names one (validContactID), else nobody.
+struct Person {
+  bool found = false;
+  bool isEmployee = false;
+  int32_t id = -1;
+  std::string
+      sql;  // the person's row: "SELECT AccountantEmployeeInfo.* ..." or "SELECT Contacts.* ..."
+};
+// The two tests are steps of r; the contact is asked for only when the employee isn't there.
+Person choosePerson(AddressRoutine& r, int32_t contactID, int32_t employeeID);
 
 // The text of a value read from the database: "" for an empty one (isNullValue), as text joins
 // it.

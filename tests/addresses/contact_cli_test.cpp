@@ -1,11 +1,7 @@
 // The "contact" command of nvwordmerge, run as a user would run it.
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 
-#include <cstdio>
-#include <fstream>
-#include <sstream>
-
+#include "support/program_run.h"
 #include "support/test_support.h"
 
 namespace nvwm {
@@ -13,37 +9,14 @@ namespace {
 
 using testing::TempDir;
 
-struct CliRun {
-  int exitCode = -1;
-  std::string out;
-  std::string err;
-};
-
 class ContactCliTest : public ::testing::Test {
  protected:
-  // Runs the program with arguments (already quoted for the shell).
-  CliRun run(const std::string& args) {
-    CliRun r;
-    const std::string errFile = dir.file("stderr.txt");
-    const std::string command = std::string("'") + NVWM_CLI + "' " + args + " 2>'" + errFile + "'";
-    FILE* p = popen(command.c_str(), "r");
-    if (!p) return r;
-    char buf[4096];
-    size_t n;
-    while ((n = fread(buf, 1, sizeof buf, p)) > 0) r.out.append(buf, n);
-    const int status = pclose(p);
-    r.exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    std::ifstream in(errFile);
-    std::ostringstream err;
-    err << in.rdbuf();
-    r.err = err.str();
-    return r;
-  }
+  testing::ProgramRun run(const std::string& args) { return testing::runProgram(NVWM_CLI, args); }
   TempDir dir;
 };
 
 TEST_F(ContactCliTest, AddressPrintsTheBlockLineByLine) {
-  const CliRun r = run("contact address 101 --company 2");
+  const testing::ProgramRun r = run("contact address 101 --company 2");
   EXPECT_EQ(r.exitCode, 0) << r.err;
   EXPECT_EQ(r.out,
             "Maple Leaf Bakery Inc.\nAnn Brown\n48 Brock Street\nKingston, Ontario  K7L 1R8\n"
@@ -52,7 +25,7 @@ TEST_F(ContactCliTest, AddressPrintsTheBlockLineByLine) {
 }
 
 TEST_F(ContactCliTest, SummaryPrintsTheRtfDocument) {
-  const CliRun r = run("contact summary 101 --company 2");
+  const testing::ProgramRun r = run("contact summary 101 --company 2");
   EXPECT_EQ(r.exitCode, 0) << r.err;
   EXPECT_EQ(r.out.rfind("{\\rtf1\\ansi\\ansicpg1252\\deff0\\deflang4105", 0), 0u) << r.out;
   EXPECT_NE(r.out.find("\\b\\pard\\fi-1450\\li1450\\ri0 Name:\\b0  Ann Brown\\par\r\n"),
@@ -62,13 +35,13 @@ TEST_F(ContactCliTest, SummaryPrintsTheRtfDocument) {
 }
 
 TEST_F(ContactCliTest, CheckDefaultWithoutRepairChangesNothing) {
-  const CliRun r = run("contact check-default 4");
+  const testing::ProgramRun r = run("contact check-default 4");
   EXPECT_EQ(r.exitCode, 0) << r.err;
   EXPECT_EQ(r.out, "default contact of company 4: -1\nnothing changed\n");
 }
 
 TEST_F(ContactCliTest, CheckDefaultRepairsACompanyWithoutDefaultAndSaysWhatChanged) {
-  const CliRun r = run("contact check-default 4 --repair");
+  const testing::ProgramRun r = run("contact check-default 4 --repair");
   EXPECT_EQ(r.out.rfind("default contact of company 4: 104 (Aisha Kowalski)\n", 0), 0u) << r.out;
   for (const char* line : {
            "ContactLinks LinkRow 4, CompanyNum 4, ContactIDNum 104: DefaultContact \"False\" -> "
@@ -88,7 +61,7 @@ TEST_F(ContactCliTest, CheckDefaultRepairsACompanyWithoutDefaultAndSaysWhatChang
 TEST_F(ContactCliTest, SetDefaultKeepsItsChangesInTheGivenDatabase) {
   const std::string db = dir.file("practice.db");
   ASSERT_EQ(run("sample-db '" + db + "'").exitCode, 0);
-  const CliRun set = run("contact --db '" + db + "' set-default 102 --company 2");
+  const testing::ProgramRun set = run("contact --db '" + db + "' set-default 102 --company 2");
   EXPECT_EQ(set.out.rfind("contact 102 set as the default contact of company 2\n", 0), 0u)
       << set.out;
   EXPECT_NE(set.out.find("Companies CompanyID 2: DefaultContactName \"Ann Brown\" -> \"Robert "
@@ -98,7 +71,7 @@ TEST_F(ContactCliTest, SetDefaultKeepsItsChangesInTheGivenDatabase) {
   EXPECT_NE(set.out.find("ContactLinks LinkRow 1, CompanyNum 2, ContactIDNum 101: DefaultContact "
                          "\"True\" -> \"False\"\n"),
             std::string::npos);
-  const CliRun check = run("contact --db '" + db + "' check-default 2 --repair");
+  const testing::ProgramRun check = run("contact --db '" + db + "' check-default 2 --repair");
   EXPECT_EQ(check.exitCode, 0) << check.err;
   EXPECT_EQ(check.out, "default contact of company 2: 102 (Robert Wilson)\nnothing changed\n");
 }
@@ -117,7 +90,7 @@ TEST_F(ContactCliTest, BadInputGivesAMessageAndNonZeroExit) {
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.args);
-    const CliRun r = run(c.args);
+    const testing::ProgramRun r = run(c.args);
     if (c.exitCode >= 0) {
       EXPECT_EQ(r.exitCode, c.exitCode);
       EXPECT_EQ(r.out, "");
