@@ -14,6 +14,8 @@
 // summaries, the schedule items' custom values.
 //
 // Without --db the command runs on a fresh copy of the sample practice, thrown away afterwards.
+// The sample's lookup-type custom field holds an expression, which the lookup refresh that
+// follows every change of default refuses (error 13, reported on stderr, exit code 1).
 // Errors the library reports go to stderr. Exit codes: 0 done; 1 the library reported an error,
 // or the contact is unknown; 2 the database can't be opened.
 #include <iostream>
