@@ -29,7 +29,9 @@ void registerCommands(CLI::App& app) {
   registerSql(app);
   registerDocxMerge(app);
   registerFields(app);
+  registerFill(app);
   registerCheck(app);
+  registerContact(app);
 }
 
 }  // namespace nvwm::cli

@@ -27,6 +27,8 @@ void registerSampleDb(CLI::App& app);
 void registerSql(CLI::App& app);
 void registerDocxMerge(CLI::App& app);
 void registerFields(CLI::App& app);
+void registerFill(CLI::App& app);
 void registerCheck(CLI::App& app);
+void registerContact(CLI::App& app);
 
 }  // namespace nvwm::cli
