@@ -75,13 +75,26 @@ std::unique_ptr<clsInsertFieldsInRTB> catalogue(int32_t listType,
 
 // The twenty placeholders of a client letter.
 const std::vector<std::string> kLetterFields = {
-    "Contact Display Name",     "Contact Name Prefix",       "Contact First Name",
-    "Contact Last Name",        "Contact Job Title",         "Company Name",
-    "Address",                  "City",                      "Abbreviated Province",
-    "Postal Code",              "(Todays Date, mmmm d, yyyy)", "(Year End Date, mmmm d, yyyy)",
-    "Business Number",          "HST Number",                "Software Name",
-    "Your Company Name",        "Your Address",              "Your City",
-    "Your Office Number",       "Contact & Spouse Name",
+    "Contact Display Name",
+    "Contact Name Prefix",
+    "Contact First Name",
+    "Contact Last Name",
+    "Contact Job Title",
+    "Company Name",
+    "Address",
+    "City",
+    "Abbreviated Province",
+    "Postal Code",
+    "(Todays Date, mmmm d, yyyy)",
+    "(Year End Date, mmmm d, yyyy)",
+    "Business Number",
+    "HST Number",
+    "Software Name",
+    "Your Company Name",
+    "Your Address",
+    "Your City",
+    "Your Office Number",
+    "Contact & Spouse Name",
 };
 
 std::string escaped(const std::string& name) { return "\\'ab" + name + "\\'bb"; }
@@ -140,8 +153,8 @@ void BM_TestLetter20(benchmark::State& state) {
   bool isRTF = true, showMessages = false, skipNameCheck = false;
   bool fault = true;
   for (auto _ : state) {
-    benchmark::DoNotOptimize(fault = rtb->testRTBComment(letter, isRTF, showMessages,
-                                                          skipNameCheck));
+    benchmark::DoNotOptimize(fault =
+                                 rtb->testRTBComment(letter, isRTF, showMessages, skipNameCheck));
   }
   if (fault) state.SkipWithError("the letter has a fault");
 }
@@ -152,8 +165,7 @@ BENCHMARK(BM_TestLetter20)->Unit(benchmark::kMicrosecond);
 void BM_FillPlaceholders(benchmark::State& state) {
   auto errors = installReferences();
   auto rtb = catalogue(static_cast<int32_t>(state.range(1)), errors);
-  const std::string letter =
-      rtfLetter(catalogueFields(*rtb, static_cast<size_t>(state.range(0))));
+  const std::string letter = rtfLetter(catalogueFields(*rtb, static_cast<size_t>(state.range(0))));
   Fill fill;
   fill.docket = 1;
   std::string out = fill.run(*rtb, letter);
@@ -167,3 +179,4 @@ BENCHMARK(BM_FillPlaceholders)
     ->Unit(benchmark::kMicrosecond);
 
 }  // namespace
+BENCHMARK_MAIN();
