@@ -1,5 +1,6 @@
 // The stand-ins the library creates for itself unless a host or a test installs others.
 #include "host/references.h"
+#include "services/ado/sqlite_ado.h"
 #include "services/date_utility.h"
 #include "services/document/word_engine.h"
 #include "services/file_utility.h"
@@ -21,6 +22,10 @@ ServiceFactories makeDefaultServiceFactories() {
   f.createProgressDialog = [] { return std::make_shared<TerminalProgressDialog>(); };
   f.createRTBTextInserter = [] { return std::make_shared<TextRTBTextInserter>(); };
   f.createWordApplication = [] { return document::createDefaultWordApplication(); };
+  f.createConnection = [] { return ado::makeSqliteConnection(); };
+  f.createRecordset = [] { return ado::makeSqliteRecordset(); };
+  f.createCatalog = [] { return ado::makeSqliteCatalog(); };
+  f.createTable = [] { return ado::makeSqliteTable(); };
   return f;
 }
 
