@@ -14,6 +14,7 @@ void registerCommands(CLI::App& app) {
   registerSql(app);
   registerDocxMerge(app);
   registerFields(app);
+  registerMerge(app);
 }
 
 }  // namespace nvwm::cli

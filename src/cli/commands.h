@@ -17,5 +17,6 @@ void registerSampleDb(CLI::App& app);
 void registerSql(CLI::App& app);
 void registerDocxMerge(CLI::App& app);
 void registerFields(CLI::App& app);
+void registerMerge(CLI::App& app);
 
 }  // namespace nvwm::cli
