@@ -198,6 +198,8 @@ class clsWordMerge {
   void InsertCurrentDate();
 
  private:
+  friend class clsWordMergeInternal;
+
   // Inside the library only.
   const std::shared_ptr<MessageService>& MsgboxClass() const;
   const std::shared_ptr<Object>& MDIForm() const { return MDIForm_; }
