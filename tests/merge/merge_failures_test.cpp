@@ -75,9 +75,9 @@ TEST_F(MergeFailuresTest, ASecondRunFindsItsDatabaseThere) {
   merge->performWordMerge();
   ASSERT_TRUE(events.events.empty());
   merge->performWordMerge();
-  EXPECT_EQ(events.mergeFailed(),
-            std::vector<std::string>{
-                "Tallowbrook could not link to the client information properly."});
+  EXPECT_EQ(
+      events.mergeFailed(),
+      std::vector<std::string>{"Tallowbrook could not link to the client information properly."});
   ASSERT_FALSE(refs.errors->errors.empty());
   EXPECT_EQ(refs.errors->errors[0].number(), 3204) << refs.errors->errors[0].description();
   EXPECT_EQ(applications.size(), 2u) << "a new Word, hidden";

@@ -42,13 +42,13 @@ TEST_F(MergeRunTest, TheRoadThroughTheDialog) {
                              "Application.Selection", linkCall(), "MailMerge.State",
                              "MailMerge.State", "MailMerge.Execute", "Application.Visible(True)"}));
   ASSERT_EQ(dialogs.size(), 1u);
-  EXPECT_EQ(dialogs[0]->calls(),
-            (std::vector<std::string>{
-                "setDialogMessage(Initializing MS Word Merge, please wait ...)",
-                "setProgressStep(10)", "setDialogParent(" + debugString(Variant(form)) + ")",
-                "setShowCancel(False)", "setShowPercent(False)", "setShowTime(False)",
-                "setAnimate(True)", "setIconId(101)", "setTopMost(False)", "showDialog(True)",
-                "StartProgress", "closeDialog"}));
+  EXPECT_EQ(
+      dialogs[0]->calls(),
+      (std::vector<std::string>{
+          "setDialogMessage(Initializing MS Word Merge, please wait ...)", "setProgressStep(10)",
+          "setDialogParent(" + debugString(Variant(form)) + ")", "setShowCancel(False)",
+          "setShowPercent(False)", "setShowTime(False)", "setAnimate(True)", "setIconId(101)",
+          "setTopMost(False)", "showDialog(True)", "StartProgress", "closeDialog"}));
   EXPECT_TRUE(dialogUpWhenShown) << "Word is shown before the dialog closes";
   EXPECT_TRUE(clsWordMergeInternal::wordIsOpen(*merge));
   EXPECT_TRUE(events.events.empty());

@@ -100,8 +100,7 @@ TEST_F(RecordSelectionTest, AFilterPutForAKindWithoutATableOpensNothing) {
   database->clear();
   merge->SQLFilter("CompanyID = 2");
   EXPECT_TRUE(database->sqlSent().empty());
-  EXPECT_EQ(clsWordMergeInternal::filteredRecordsetHandle(*merge), stale)
-      << "the old number stays";
+  EXPECT_EQ(clsWordMergeInternal::filteredRecordsetHandle(*merge), stale) << "the old number stays";
 }
 
 TEST_F(RecordSelectionTest, AnEmptyFilterLeavesNoRecordsetAndTheUnableMessage) {

@@ -22,12 +22,13 @@ TEST_F(ValidFieldNameTest, RepeatedNamesAreNumberedAsTheProductNumbersThem) {
   const struct {
     int occurrence;
     const char* expected;
-  } cases[] = {
-      {1, "Name"},       {2, "Name 1"},     {3, "Name 2"},    {4, "Name 3"},
-      {11, "Name 10"},   {12, "Name 11"},   {13, "Name 12"},  {101, "Name 100"},
-      {102, "Name  101"},  // the cut of three leaves a blank of "100" behind
-      {103, "Name   102"},  // and one more each time the walk passes a taken name
-  };
+  } cases[] =
+      {
+          {1, "Name"},         {2, "Name 1"},   {3, "Name 2"},   {4, "Name 3"},
+          {11, "Name 10"},     {12, "Name 11"}, {13, "Name 12"}, {101, "Name 100"},
+          {102, "Name  101"},   // the cut of three leaves a blank of "100" behind
+          {103, "Name   102"},  // and one more each time the walk passes a taken name
+      };
   std::vector<std::string> names;
   for (int i = 1; i <= 103; ++i) names.push_back(merge.getValidFieldName("Name", "Text"));
   for (const auto& c : cases) {
