@@ -150,8 +150,9 @@ class SqliteRecordset : public Recordset, public std::enable_shared_from_this<Sq
     const int rc = sqlite3_step(s);
     sqlite3_reset(s);
     sqlite3_clear_bindings(s);
-    if (rc != SQLITE_DONE) raiseWriteFailure(*file_, table_);
+    // A refused row is given up, so that the next AddNew starts afresh.
     pending_.reset();
+    if (rc != SQLITE_DONE) raiseWriteFailure(*file_, table_);
   }
 
   void Close() override {

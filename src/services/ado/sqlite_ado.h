@@ -38,8 +38,8 @@
 //
 // Rows written through one recordset go into one transaction, begun at its first AddNew and
 // committed when the recordset is closed or released: other readers see the rows from then on.
-// A failed Update leaves the rows written before it in place (they are committed with the
-// rest), and the failed row stays pending until the next AddNew or Close discards it.
+// A failed Update gives its row up and leaves the rows written before it in place (they are
+// committed with the rest). A row still pending at Close is given up.
 //
 // A table described without columns is made with one column, `rowid INTEGER PRIMARY KEY`
 // (SQLite has no table without columns); Fields doesn't list it.
