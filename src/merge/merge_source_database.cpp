@@ -205,6 +205,14 @@ void clsWordMerge::writeMergeRows(Routine& r, clsInsertFieldsInRTB& catalogue,
     }
   });
 
+  // The recordset's field of each column, looked up once: a field stands for its column in
+  // every row.
+  std::vector<std::shared_ptr<ado::Field>> fields(columns.size());
+  auto field = [&](size_t i) -> ado::Field& {
+    if (!fields[i]) fields[i] = recordset.Fields()->Item(Variant(columns[i].name));
+    return *fields[i];
+  };
+
   // One record: each column's value from the catalogue for the record's IDs.
   auto writeRecord = [&](engine::RecordIDs& ids) {
     if (columns.empty()) return;
@@ -215,23 +223,23 @@ void clsWordMerge::writeMergeRows(Routine& r, clsInsertFieldsInRTB& catalogue,
     int32_t taskID = -1;
     bool useSampleData = false;
     bool isRTF = true;
-    for (MergeColumn& column : columns) {
+    for (size_t i = 0; i < columns.size(); ++i) {
       if (!r) return;
+      MergeColumn& column = columns[i];
       if (column.type != "Date") {
         r.step([&] {
           std::string value = catalogue.getDataField(column.displayName, companyID, ids.contactID,
                                                      ids.scheduleID, firmID, ids.appointmentID,
                                                      ids.docketID, taskID, useSampleData, isRTF);
-          recordset.Fields()->Item(Variant(column.name))->Value(Variant(std::move(value)));
+          field(i).Value(Variant(std::move(value)));
         });
       } else {
         r.step([&] {
           std::string value = catalogue.getDataDateField(
               column.displayName, "mmmm d, yyyy", companyID, ids.contactID, ids.scheduleID, firmID,
               ids.appointmentID, ids.docketID, taskID, useSampleData, isRTF);
-          if (!practice::variantUtility().isNullValue(Variant(value)) && IsDate(Variant(value))) {
-            recordset.Fields()->Item(Variant(column.name))->Value(Variant(std::move(value)));
-          }
+          const Variant text(std::move(value));
+          if (!practice::variantUtility().isNullValue(text) && IsDate(text)) field(i).Value(text);
         });
       }
     }
