@@ -3,10 +3,13 @@
 
 #include "host/references.h"
 #include "host/routine.h"
+#include "merge/object_reference.h"
 #include "runtime/convert.h"
 #include "runtime/error.h"
 
 namespace nvwm {
+
+using merge::required;
 namespace {
 
 // The merge database's name before makeUniqueFilePath numbers it.
@@ -19,12 +22,6 @@ void skippingErrors(Statement&& statement) {
     statement();
   } catch (const std::exception&) {
   }
-}
-
-template <class Service>
-Service& service(const std::shared_ptr<Service>& reference, const char* name) {
-  if (!reference) raise(ErrorNumber::kObjectVariableNotSet, name);
-  return *reference;
 }
 
 }  // namespace
@@ -42,7 +39,7 @@ clsWordMerge::clsWordMerge(clsWordMergeEvents* events) : events_(events) {
   r.step([&] { refs.WorkingFolderReference = make.createWorkingFolder(); });
   // The other fields start as the class's record says (see the header).
   r.step([&] { IDList_ = make.createIDList(); });
-  r.step([&] { service(IDList_, "IDList").initialize(); });
+  r.step([&] { required(IDList_, "IDList").initialize(); });
 }
 
 clsWordMerge::~clsWordMerge() {
@@ -64,8 +61,8 @@ clsWordMerge::~clsWordMerge() {
 void clsWordMerge::errorClass(std::shared_ptr<ErrorService> errors) {
   LibraryReferences& refs = references();
   refs.errorClass = errors;
-  service(refs.variantUtility, "variantUtility").setErrorClass(errors);
-  service(refs.dateUtility, "dateUtility").setErrorClass(errors);
+  required(refs.variantUtility, "variantUtility").setErrorClass(errors);
+  required(refs.dateUtility, "dateUtility").setErrorClass(errors);
   refs.errorClassIsSet = true;
 }
 
@@ -86,7 +83,7 @@ void clsWordMerge::WorkingFolderReference(std::shared_ptr<WorkingFolderService> 
   if (!refs.WorkingFolderReference) return;
   // The merge source location; any error ends it where it got to, without a word.
   try {
-    FileUtility& files = service(refs.fileUtility, "fileUtility");
+    FileUtility& files = required(refs.fileUtility, "fileUtility");
     MergeSourceDBLocation_ =
         files.withTrailingSeparator(refs.WorkingFolderReference->getWorkingFolder());
     MergeSourceDBLocation_ += kMergeSourceName;
@@ -120,7 +117,7 @@ void clsWordMerge::DatabaseReference(std::shared_ptr<DatabaseService> database) 
 }
 
 void clsWordMerge::DocName(const std::string& path) {
-  if (service(references().fileUtility, "fileUtility").fileExists(path)) {
+  if (required(references().fileUtility, "fileUtility").fileExists(path)) {
     DocName_ = path;
     NewDocument_ = false;
   } else {
@@ -135,19 +132,19 @@ void clsWordMerge::SQLFilter(const std::string& filter) {
 }
 
 void clsWordMerge::IDListArray(std::span<const Variant> ids) {
-  nvwm::IDList& list = service(IDList_, "IDList");
+  nvwm::IDList& list = required(IDList_, "IDList");
   int32_t key = 0;
   for (const Variant& id : ids) list.addRow(key++, {Variant(CInt(id))});
 }
 
 void clsWordMerge::IDListArray(const Variant& id) {
   if (id.isMissing() || !IsNumeric(id)) return;
-  service(IDList_, "IDList").addRow(0, {Variant(CInt(id))});
+  required(IDList_, "IDList").addRow(0, {Variant(CInt(id))});
 }
 
 void clsWordMerge::IDList(const std::shared_ptr<nvwm::IDList>& ids) {
-  nvwm::IDList& own = service(IDList_, "IDList");
-  own.copyList(service(ids, "IDList"), own, true);
+  nvwm::IDList& own = required(IDList_, "IDList");
+  own.copyList(required(ids, "IDList"), own, true);
 }
 
 std::shared_ptr<nvwm::IDList> clsWordMerge::IDList() const {

@@ -8,10 +8,13 @@
 #include "host/references.h"
 #include "host/routine.h"
 #include "merge/cls_word_merge.h"
+#include "merge/object_reference.h"
 #include "runtime/convert.h"
 #include "runtime/error.h"
 
 namespace nvwm {
+
+using merge::required;
 namespace {
 
 // MailMerge.State values that allow a merge to run.
@@ -24,12 +27,6 @@ constexpr int32_t kDoNotSaveChanges = 0;
 constexpr int32_t kOriginalDocumentFormat = 1;
 // The first word processor version the product works with (Word 2000).
 constexpr int16_t kFirstVersion = 9;
-
-template <class Pointer>
-auto& required(const Pointer& reference, const char* name) {
-  if (!reference) raise(ErrorNumber::kObjectVariableNotSet, name);
-  return *reference;
-}
 
 }  // namespace
 

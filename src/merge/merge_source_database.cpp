@@ -18,12 +18,15 @@
 #include "host/references.h"
 #include "host/routine.h"
 #include "merge/cls_word_merge.h"
+#include "merge/object_reference.h"
 #include "practice/lookup_shape.h"
 #include "practice/lookups.h"
 #include "runtime/convert.h"
 #include "runtime/error.h"
 
 namespace nvwm {
+
+using merge::required;
 namespace {
 
 constexpr const char* kTableName = "WordMergeTable";
@@ -44,12 +47,6 @@ struct MergeColumn {
   std::string type;         // column 2: the catalogue FieldType
   std::string displayName;  // column 3: the catalogue DisplayName
 };
-
-template <class Pointer>
-auto& required(const Pointer& reference, const char* name) {
-  if (!reference) raise(ErrorNumber::kObjectVariableNotSet, name);
-  return *reference;
-}
 
 // The text of an ID list column for the validators: "" for a column the row doesn't have.
 std::string idText(const Variant& cell) {

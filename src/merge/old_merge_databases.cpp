@@ -9,6 +9,7 @@
 #include "host/routine.h"
 #include "merge/cls_word_merge.h"
 #include "merge/file_removal.h"
+#include "merge/object_reference.h"
 #include "runtime/error.h"
 #include "runtime/text.h"
 
@@ -18,9 +19,7 @@ void clsWordMerge::deleteOldMergeDatabases() {
   namespace fs = std::filesystem;
   Routine r("Tallowbrook.exe-clsWordmerge-deleteOldMergeDatabases");
   auto files = [&]() -> FileUtility& {
-    FileUtility* utility = references().fileUtility.get();
-    if (!utility) raise(ErrorNumber::kObjectVariableNotSet, "fileUtility");
-    return *utility;
+    return merge::required(references().fileUtility, "fileUtility");
   };
   std::string folder, currentTitle;
   r.step([&] { folder = files().getFolderOfPath(MergeSourceDBLocation_); });

@@ -2,6 +2,7 @@
 #include "host/references.h"
 #include "host/routine.h"
 #include "merge/cls_word_merge.h"
+#include "merge/object_reference.h"
 #include "runtime/error.h"
 #include "runtime/text.h"
 
@@ -12,17 +13,14 @@ std::string clsWordMerge::getValidFieldName(const std::string& originFieldStr,
   std::string result;
   // The tag is that of useIDListValues, as the product has it.
   Routine r("TallowbrookPad.exe-clsWordmerge-useIDListValues");
-  auto list = [&]() -> nvwm::IDList& {
-    if (!fieldNameList_) raise(ErrorNumber::kObjectVariableNotSet, "fieldNameList");
-    return *fieldNameList_;
-  };
+  auto list = [&]() -> nvwm::IDList& { return merge::required(fieldNameList_, "fieldNameList"); };
   std::string candidate;
   auto addCandidate = [&](int32_t key) {
     list().addRow(key, {Variant(candidate), Variant(fieldType), Variant(originFieldStr)});
   };
   r.step([&] {
-    if (!references().variantUtility) raise(ErrorNumber::kObjectVariableNotSet, "variantUtility");
-    candidate = references().variantUtility->cleanFieldName(originFieldStr);
+    candidate = merge::required(references().variantUtility, "variantUtility")
+                    .cleanFieldName(originFieldStr);
   });
   r.step([&] {
     if (list().isEmpty()) {

@@ -5,19 +5,12 @@
 #include "host/routine.h"
 #include "merge/cls_word_merge.h"
 #include "merge/file_removal.h"
+#include "merge/object_reference.h"
 #include "runtime/error.h"
 
 namespace nvwm {
-namespace {
 
-template <class Pointer>
-auto& required(const Pointer& reference, const char* name) {
-  if (!reference) raise(ErrorNumber::kObjectVariableNotSet, name);
-  return *reference;
-}
-
-}  // namespace
-
+using merge::required;
 void clsWordMerge::OpenNewDoc() {
   Routine r("TallowbrookPad.exe-clsWordmerge-OpenNewDoc");
   if (!wordIsOpen_) return;
