@@ -79,7 +79,8 @@ enum class openWordMergeType : int32_t {
 // raised them.
 class clsWordMergeEvents {
  public:
-  virtual ~clsWordMergeEvents() = default;
+  // Abstract: a host derives its own sink; it overrides only the events it wants.
+  virtual ~clsWordMergeEvents() = 0;
   // Never raised; kept because hosts bind to it.
   virtual void ExitProgram() {}
   // Never raised: a host knows a run is over when performWordMerge returns.
@@ -96,6 +97,8 @@ class clsWordMergeEvents {
   virtual void MessageNotSent(int16_t& /*errNum*/, std::string& /*msgWhy*/) {}
   virtual void UnknownError(int16_t& /*errNum*/, std::string& /*msgWhy*/) {}
 };
+
+inline clsWordMergeEvents::~clsWordMergeEvents() = default;
 
 class clsWordMerge {
  public:
