@@ -32,6 +32,7 @@ void registerCommands(CLI::App& app) {
   registerFill(app);
   registerCheck(app);
   registerContact(app);
+  registerMerge(app);
 }
 
 }  // namespace nvwm::cli

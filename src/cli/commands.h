@@ -30,5 +30,6 @@ void registerFields(CLI::App& app);
 void registerFill(CLI::App& app);
 void registerCheck(CLI::App& app);
 void registerContact(CLI::App& app);
+void registerMerge(CLI::App& app);
 
 }  // namespace nvwm::cli
