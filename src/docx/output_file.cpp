@@ -43,7 +43,7 @@ OutputFile::OutputFile(std::string path) : path_(std::move(path)) {
   if (fd_ < 0) {
     raise(ErrorNumber::kPermissionDenied, "cannot save '" + path_ + "': " + std::strerror(errno));
   }
-  //FCHMOD
+  if (::fchmod(fd_, 0666 & ~processUmask()) != 0) fail(std::strerror(errno));
 }
 
 OutputFile::~OutputFile() {
