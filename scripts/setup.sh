@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Installs the Debian packages the build needs, only those that are missing.
 set -euo pipefail
-packages=(cmake ninja-build g++ pkg-config libsqlite3-dev libpugixml-dev libzip-dev libicu-dev
+packages=(cmake ninja-build g++ pkg-config libsqlite3-dev libpugixml-dev libzip-dev zlib1g-dev libicu-dev
           libspdlog-dev libfmt-dev libcli11-dev libgtest-dev libgmock-dev libbenchmark-dev)
 missing=()
 for p in "${packages[@]}"; do

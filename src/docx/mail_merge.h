@@ -40,5 +40,9 @@ bool suppressesBlankLines(Package& package);
 // MERGEREC and MERGESEQ become plain text. The result has no mail-merge settings. The main
 // package is not changed. Raises 4198 when the main document part can't be read.
 std::unique_ptr<Package> mergeDocument(Package& main, const MergeData& data);
+// The same merged document, written to path as it is made (see ZipSink) through a temporary
+// file and a rename. Returns the number of copies. Raises as mergeDocument does, and 76 or 70
+// as Package::save does.
+size_t mergeDocumentToFile(Package& main, const MergeData& data, const std::string& path);
 
 }  // namespace nvwm::docx

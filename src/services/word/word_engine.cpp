@@ -541,8 +541,7 @@ size_t mergeFiles(const std::string& templatePath, const std::string& dataSource
                   const std::string& table, const std::string& outputPath) {
   std::unique_ptr<Package> main = Package::load(templatePath);
   MergeData data = MergeData::load(dataSource, table.empty() ? "" : "TABLE " + table);
-  std::unique_ptr<Package> merged = mergeDocument(*main, data);
-  merged->save(outputPath);
+  docx::mergeDocumentToFile(*main, data, outputPath);
   return data.rowCount();
 }
 
