@@ -1,0 +1,49 @@
+#include "scheduling_fixture.h"
+
+#include <cstdio>
+
+namespace nvwm::testing {
+
+SchedulingFixture::SchedulingFixture()
+    : db_(std::make_shared<RecordingDatabase>(practice_.service())),
+      clock_(std::make_shared<FixedClock>(Date::fromParts({2026, 11, 18, 10, 15, 0}))),
+      random_(std::make_shared<ScriptedRandom>()) {
+  references().DatabaseReference = db_;
+  references().variantUtility = factories().createVariantUtility();
+  references().dateUtility = factories().createDateUtility();
+  setClock(clock_);
+  setRandomSource(random_);
+}
+
+SchedulingFixture::~SchedulingFixture() {
+  setClock(nullptr);
+  setRandomSource(nullptr);
+}
+
+void SchedulingFixture::exec(const std::string& sql) { practice_.exec(sql); }
+
+std::string SchedulingFixture::stored(const std::string& sql) { return practice_.stored(sql); }
+
+int SchedulingFixture::count(const std::string& table) {
+  return std::stoi(practice_.stored("SELECT count(*) FROM " + table + ";"));
+}
+
+std::vector<int32_t> SchedulingFixture::errorNumbers() const {
+  std::vector<int32_t> numbers;
+  for (const RuntimeError& e : refs_.errors->errors) numbers.push_back(e.number());
+  return numbers;
+}
+
+std::string storedTime(int hour, int minute) {
+  char text[32];
+  std::snprintf(text, sizeof text, "1899-12-30 %02d:%02d:00", hour, minute);
+  return text;
+}
+
+std::string storedDate(int year, int month, int dayOfMonth) {
+  char text[32];
+  std::snprintf(text, sizeof text, "%04d-%02d-%02d 00:00:00", year, month, dayOfMonth);
+  return text;
+}
+
+}  // namespace nvwm::testing
