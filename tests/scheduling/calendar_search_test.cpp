@@ -1,8 +1,9 @@
 // The search for a free time in one user's working day.
+#include "scheduling/calendar_search.h"
+
 #include <gtest/gtest.h>
 
 #include "runtime/format.h"
-#include "scheduling/calendar_search.h"
 #include "scheduling_fixture.h"
 
 namespace nvwm {
@@ -43,19 +44,21 @@ TEST(CalendarSearchTest, FindsTheFirstStretchLongEnoughOrTheFirstGap) {
       {"touching entries leave no gap", {{9, 0, 10, 0}, {10, 0, 11, 0}}, 1.0f, "11:00 am"},
       {"the gap after the first entry", {{9, 30, 10, 0}, {13, 0, 14, 0}}, 2.0f, "10:00 am"},
       {"the gap before the first entry", {{9, 30, 10, 0}, {13, 0, 14, 0}}, 0.25f, "9:00 am"},
-      {"a gap exactly as long as the estimate", {{9, 0, 10, 0}, {11, 0, 12, 0}}, 1.0f,
-       "10:00 am"},
-      {"no stretch long enough: the first gap", {{9, 30, 10, 0}, {10, 15, 16, 45}}, 1.0f,
+      {"a gap exactly as long as the estimate", {{9, 0, 10, 0}, {11, 0, 12, 0}}, 1.0f, "10:00 am"},
+      {"no stretch long enough: the first gap",
+       {{9, 30, 10, 0}, {10, 15, 16, 45}},
+       1.0f,
        "9:00 am"},
       {"the first gap when it opens later", {{9, 0, 10, 0}, {10, 30, 16, 45}}, 1.0f, "10:00 am"},
       {"an entry 9 to 5 is not seen", {{9, 0, 17, 0}}, 1.0f, "9:00 am"},
-      {"an entry ending after 5 pm is not seen, though it starts at noon", {{12, 0, 17, 30}},
-       7.5f, "9:00 am"},
+      {"an entry ending after 5 pm is not seen, though it starts at noon",
+       {{12, 0, 17, 30}},
+       7.5f,
+       "9:00 am"},
       {"an entry ending at exactly 9:00 am is not seen", {{8, 0, 9, 0}}, 8.0f, "9:00 am"},
       {"an entry ending at 9:01 am moves the booked end", {{8, 0, 9, 1}}, 1.0f, "9:01 am"},
       {"entries are taken by their end time", {{14, 0, 15, 0}, {9, 0, 12, 0}}, 2.0f, "12:00 pm"},
-      {"overlapping entries", {{9, 0, 11, 0}, {10, 0, 11, 30}, {13, 0, 14, 0}}, 1.5f,
-       "11:30 am"},
+      {"overlapping entries", {{9, 0, 11, 0}, {10, 0, 11, 30}, {13, 0, 14, 0}}, 1.5f, "11:30 am"},
       {"the time left to 5 pm", {{9, 0, 15, 0}}, 2.0f, "3:00 pm"},
   };
   for (const auto& c : cases) {

@@ -17,15 +17,9 @@ TEST(EndTimeTest, AddsTheEstimateOrEndsAtMidnightMeasuredFromTheMidnightBefore) 
     float estimate;
     const char* expected;
   } cases[] = {
-      {at(9, 0), 1.5f, "10:30 am"},
-      {at(9, 0), 0.0f, "9:00 am"},
-      {at(9, 0), -1.0f, "9:00 am"},
-      {at(9, 0), 8.0f, "5:00 pm"},
-      {at(9, 0), 8.99f, "5:59 pm"},
-      {at(9, 0), 9.0f, "12:00 am"},
-      {at(9, 0), 24.0f, "12:00 am"},
-      {at(13, 0), 0.25f, "1:15 pm"},
-      {at(0, 30), 1.0f, "12:00 am"},
+      {at(9, 0), 1.5f, "10:30 am"},  {at(9, 0), 0.0f, "9:00 am"},   {at(9, 0), -1.0f, "9:00 am"},
+      {at(9, 0), 8.0f, "5:00 pm"},   {at(9, 0), 8.99f, "5:59 pm"},  {at(9, 0), 9.0f, "12:00 am"},
+      {at(9, 0), 24.0f, "12:00 am"}, {at(13, 0), 0.25f, "1:15 pm"}, {at(0, 30), 1.0f, "12:00 am"},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(formatDate(c.start, "h:nn am/pm") + " + " + std::to_string(c.estimate));
@@ -56,7 +50,8 @@ TEST(EndTimeTest, VerifyPutsStartAndEndInOrder) {
   verifyStartAndEndTime(early, late);
   EXPECT_EQ(early, at(8, 0));
   EXPECT_EQ(late, at(11, 0));
-  EXPECT_EQ(f.errors().entered.back(), "Tallowbrook.exe-modDatabaseFunctions-verifyStartAndEndTime");
+  EXPECT_EQ(f.errors().entered.back(),
+            "Tallowbrook.exe-modDatabaseFunctions-verifyStartAndEndTime");
 }
 
 TEST(EndTimeTest, WithoutADateUtilityTheStartComesBack) {

@@ -1,8 +1,9 @@
 // Statutory holidays and the walk back to the last working day.
+#include "scheduling/holidays.h"
+
 #include <gtest/gtest.h>
 
 #include "runtime/format.h"
-#include "scheduling/holidays.h"
 #include "scheduling_fixture.h"
 
 namespace nvwm {
@@ -23,9 +24,8 @@ TEST(StatutoryHolidayTest, NullOneAndThreeAreStatutoryOthersAreNot) {
     std::vector<const char*> types;
     bool expected;
   } cases[] = {
-      {{}, false},          {{"NULL"}, true},   {{"1"}, true},      {{"3"}, true},
-      {{"2"}, false},       {{"4"}, false},     {{"0"}, false},     {{"2", "1"}, true},
-      {{"1", "2"}, true},   {{"2", "2"}, false},
+      {{}, false},    {{"NULL"}, true}, {{"1"}, true},      {{"3"}, true},      {{"2"}, false},
+      {{"4"}, false}, {{"0"}, false},   {{"2", "1"}, true}, {{"1", "2"}, true}, {{"2", "2"}, false},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(::testing::PrintToString(c.types));
@@ -63,7 +63,9 @@ TEST(PreviousWorkingDayTest, WalksBackOverWeekendsAndStatutoryHolidays) {
        {day(2026, 11, 23)},
        day(2026, 11, 23),
        day(2026, 11, 20)},
-      {"a Friday holiday gives Thursday", {day(2026, 11, 20)}, day(2026, 11, 20),
+      {"a Friday holiday gives Thursday",
+       {day(2026, 11, 20)},
+       day(2026, 11, 20),
        day(2026, 11, 19)},
       {"a Sunday with a holiday on the Friday before gives Thursday",
        {day(2026, 11, 20)},

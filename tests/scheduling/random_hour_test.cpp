@@ -17,9 +17,9 @@ TEST(RandomHourTest, DrawsAreTurnedIntoHoursOnSeventeenTimesRPlusNine) {
     float draw;
     const char* expected;
   } cases[] = {
-      {0.0f, "9:00 am"},      {0.1f, "10:00 am"},  {0.17f, "11:00 am"}, {0.18f, "12:00 pm"},
-      {0.2353f, "1:00 pm"},   {0.3f, "2:00 pm"},   {0.47f, "4:00 pm"},  {0.5f, "5:00 pm"},
-      {0.5295f, "1:00 pm"},   {0.75f, "1:00 pm"},  {0.99999994f, "1:00 pm"},
+      {0.0f, "9:00 am"},    {0.1f, "10:00 am"}, {0.17f, "11:00 am"},      {0.18f, "12:00 pm"},
+      {0.2353f, "1:00 pm"}, {0.3f, "2:00 pm"},  {0.47f, "4:00 pm"},       {0.5f, "5:00 pm"},
+      {0.5295f, "1:00 pm"}, {0.75f, "1:00 pm"}, {0.99999994f, "1:00 pm"},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.draw);
@@ -49,12 +49,14 @@ TEST(RandomHourTest, AFullDayDrawsAndTheGeneratorIsReseededFromTheClockEachCall)
   f.exec("INSERT INTO Tasks (UserIDNum, DateFrom, TimeFrom, TimeTo) VALUES (7, '" +
          testing::storedDate(2026, 11, 23) + "', '1899-12-30 09:00:00', '1899-12-30 16:30:00');");
   f.random().draws = {0.1f, 0.3f};
-  EXPECT_EQ(formatDate(getBestTimeInCalendarForSpecificDayAndUser(1, 7, kMonday, 1.0f), "h:nn am/pm"),
-            "10:00 am");
+  EXPECT_EQ(
+      formatDate(getBestTimeInCalendarForSpecificDayAndUser(1, 7, kMonday, 1.0f), "h:nn am/pm"),
+      "10:00 am");
   const Date later = Date::fromParts({2026, 11, 18, 16, 0, 0});
   f.clock().set(later);
-  EXPECT_EQ(formatDate(getBestTimeInCalendarForSpecificDayAndUser(1, 7, kMonday, 1.0f), "h:nn am/pm"),
-            "2:00 pm");
+  EXPECT_EQ(
+      formatDate(getBestTimeInCalendarForSpecificDayAndUser(1, 7, kMonday, 1.0f), "h:nn am/pm"),
+      "2:00 pm");
   ASSERT_EQ(f.random().reseeds.size(), 2u);
   EXPECT_EQ(f.random().reseeds[0], Date::fromParts({2026, 11, 18, 10, 15, 0}));
   EXPECT_EQ(f.random().reseeds[1], later);

@@ -22,6 +22,16 @@ SchedulingFixture::~SchedulingFixture() {
 
 void SchedulingFixture::exec(const std::string& sql) { practice_.exec(sql); }
 
+void SchedulingFixture::addPractice() {
+  exec(
+      "INSERT INTO AccountantEmployeeInfo (ContactID, DisplayName) VALUES (7, 'Ann Ledger'), "
+      "(8, 'Bo Tally');"
+      "INSERT INTO Companies (CompanyID, CompanyName) VALUES (5, 'Maple Leaf Bakery Inc.'), "
+      "(6, 'Cedar Books');"
+      "INSERT INTO ClientData (ClientDataID, CompanyIDNum) VALUES (9, 5), (10, 6);"
+      "INSERT INTO Contacts (ContactID, DisplayName) VALUES (12, 'Sam Baker');");
+}
+
 std::string SchedulingFixture::stored(const std::string& sql) { return practice_.stored(sql); }
 
 int SchedulingFixture::count(const std::string& table) {

@@ -43,6 +43,10 @@ class SchedulingFixture {
 
   // Runs SQL straight on the database file, not through the library.
   void exec(const std::string& sql);
+  // The practice most cases stand on: employee 7 "Ann Ledger" (the user), employee 8 "Bo
+  // Tally", company 5 "Maple Leaf Bakery Inc." with client record 9, company 6 "Cedar Books"
+  // with client record 10, contact 12 "Sam Baker".
+  void addPractice();
   // The first column of the first row as SQLite stores it ("NULL", "" without a row).
   std::string stored(const std::string& sql);
   // The number of rows of a table.
