@@ -99,6 +99,21 @@ bool validContactID(const std::string& contactID);
 bool validFirmID(const std::string& firmID);
 bool validEmployeeID(const std::string& employeeID);
 
+// ---- Association checks ----
+//
+// Whether a task and a schedule entry are linked. The value routines of the template engine ask
+// them, with createIfMissing True, before reading task or schedule data.
+// These routines read only: creating the missing schedule entry or task when createIfMissing is
+// True is not part of them yet, so a missing half gives False and nothing is written.
+
+// True when the task names a schedule entry (Tasks.ScheduleIDNum) that validScheduleID accepts.
+// A task with a Null or unknown ScheduleIDNum needs an entry; a task that doesn't exist needs
+// none. A negative taskID gives False with no query.
+bool isThisTaskAssociatedWithScheduleEntry(int32_t taskID, bool createIfMissing);
+// True when a task carries out the schedule entry. A negative ID, or one that validScheduleID
+// rejects, gives False and needs nothing.
+bool isThisScheduleEntryAssociatedWithTask(int32_t scheduleID, bool createIfMissing);
+
 // ---- Schedule types and estimated times ----
 
 // The SQL of the ScheduleTypes rows of a totalNum and scheduleNum (log tag of
