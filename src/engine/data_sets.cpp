@@ -109,7 +109,8 @@ bool positionOnScheduleTask(Routine& r, Handle& handle, const char* keyColumn, i
   return find(r, handle, keyColumn, id);
 }
 
-FieldRecord foundIn(bool found, Handle readFrom) {
+// The handle is read only once the search has run: the search may have reopened it.
+FieldRecord foundIn(bool found, const Handle& readFrom) {
   return found ? FieldRecord{true, readFrom} : FieldRecord{};
 }
 

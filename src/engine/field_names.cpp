@@ -21,6 +21,17 @@ std::string toEscapedDelimiters(std::string_view text) {
 
 }  // namespace engine
 
+namespace {
+
+// Column `give` of the first row whose column `find` holds the value, or the value itself.
+std::string otherColumn(IDList& list, FieldColumn find, FieldColumn give,
+                        const std::string& value) {
+  if (list.findRow(column(find), value) < 0) return value;
+  return CStr(list.getColumn(column(give)));
+}
+
+}  // namespace
+
 std::string clsInsertFieldsInRTB::convertFieldName(std::string text) {
   std::string result;
   Routine r("Tallowbrook.exe-clsInsertFieldsInRTB-convertFieldName", errorService());
@@ -47,20 +58,19 @@ std::string clsInsertFieldsInRTB::getDBFieldFromEnglishField(std::string& displa
   std::string result = displayName;
   Routine r("Tallowbrook.exe-clsInsertFieldsInRTB-getDBFieldFromEnglishField", errorService());
   r.step([&] {
-    if (FieldListStructure_->findRow(column(FieldColumn::kDisplayName), displayName) >= 0) {
-      result = CStr(FieldListStructure_->getColumn(column(FieldColumn::kDatabaseField)));
-    }
+    result = otherColumn(*FieldListStructure_, FieldColumn::kDisplayName,
+                         FieldColumn::kDatabaseField, displayName);
   });
   return result;
 }
 
+// When several rows share a DatabaseField, as the catalogue's families do, the first added wins.
 std::string clsInsertFieldsInRTB::getEnglishFieldFromDBField(std::string& databaseField) {
   std::string result = databaseField;
   Routine r("Tallowbrook.exe-clsInsertFieldsInRTB-getEnglishFieldFromDBField", errorService());
   r.step([&] {
-    if (FieldListStructure_->findRow(column(FieldColumn::kDatabaseField), databaseField) >= 0) {
-      result = CStr(FieldListStructure_->getColumn(column(FieldColumn::kDisplayName)));
-    }
+    result = otherColumn(*FieldListStructure_, FieldColumn::kDatabaseField,
+                         FieldColumn::kDisplayName, databaseField);
   });
   return result;
 }

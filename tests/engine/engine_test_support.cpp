@@ -50,15 +50,7 @@ std::vector<int32_t> EngineTest::errorNumbers() const {
 }
 
 PracticeCatalogue::PracticeCatalogue(CatalogueEnvironment& env, int32_t listType) {
-  std::string columns, values;
-  for (const char* stem :
-       {"CustomName", "ApptCustomName", "RemittanceLabel", "TaskCustomName", "DocketCustomName"}) {
-    for (int n = 1; n <= 5; ++n) {
-      columns += std::string(columns.empty() ? "" : ", ") + stem + std::to_string(n);
-      values += std::string(values.empty() ? "" : ", ") + "'Custom " + std::to_string(n) + "'";
-    }
-  }
-  practice.exec("INSERT INTO CustomFields (" + columns + ") VALUES (" + values + ");");
+  addUntouchedLabels(practice);
   practice.exec("UPDATE CustomFields SET RemittanceLabel1 = 'Form', TaskCustomName1 = 'Step:';");
   references().DatabaseReference = practice.service();
   rtb = env.makeCatalogue();
