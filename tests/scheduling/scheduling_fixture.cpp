@@ -2,6 +2,9 @@
 
 #include <cstdio>
 
+#include "catalogue/catalogue_test_support.h"
+#include "services/folder_locale.h"
+
 namespace nvwm::testing {
 
 SchedulingFixture::SchedulingFixture()
@@ -11,6 +14,7 @@ SchedulingFixture::SchedulingFixture()
   references().DatabaseReference = db_;
   references().variantUtility = factories().createVariantUtility();
   references().dateUtility = factories().createDateUtility();
+  references().LocaleReference = std::make_shared<HostLocale>();
   setClock(clock_);
   setRandomSource(random_);
 }
@@ -23,6 +27,7 @@ SchedulingFixture::~SchedulingFixture() {
 void SchedulingFixture::exec(const std::string& sql) { practice_.exec(sql); }
 
 void SchedulingFixture::addPractice() {
+  addUntouchedLabels(practice_);
   exec(
       "INSERT INTO AccountantEmployeeInfo (ContactID, DisplayName) VALUES (7, 'Ann Ledger'), "
       "(8, 'Bo Tally');"
@@ -42,6 +47,17 @@ std::vector<int32_t> SchedulingFixture::errorNumbers() const {
   std::vector<int32_t> numbers;
   for (const RuntimeError& e : refs_.errors->errors) numbers.push_back(e.number());
   return numbers;
+}
+
+std::string SchedulingFixture::describeErrors() const {
+  std::string text;
+  const auto& e = *refs_.errors;
+  for (size_t i = 0; i < e.errors.size(); ++i) {
+    text += "\n  " + std::to_string(e.errors[i].number()) + " " + e.errors[i].description();
+    if (i < e.shownWithStack.size() && !e.shownWithStack[i].empty())
+      text += " in " + e.shownWithStack[i].back();
+  }
+  return text;
 }
 
 std::string storedTime(int hour, int minute) {

@@ -45,7 +45,8 @@ class SchedulingFixture {
   void exec(const std::string& sql);
   // The practice most cases stand on: employee 7 "Ann Ledger" (the user), employee 8 "Bo
   // Tally", company 5 "Maple Leaf Bakery Inc." with client record 9, company 6 "Cedar Books"
-  // with client record 10, contact 12 "Sam Baker".
+  // with client record 10, contact 12 "Sam Baker", and the custom label rows as a new practice
+  // has them.
   void addPractice();
   // The first column of the first row as SQLite stores it ("NULL", "" without a row).
   std::string stored(const std::string& sql);
@@ -53,11 +54,15 @@ class SchedulingFixture {
   int count(const std::string& table);
 
   RecordingDatabase& db() { return *db_; }
+  const std::shared_ptr<RecordingDatabase>& dbService() { return db_; }
   RecordingErrorService& errors() { return *refs_.errors; }
   FixedClock& clock() { return *clock_; }
   ScriptedRandom& random() { return *random_; }
   // The numbers of the errors that reached the error service, in order.
   std::vector<int32_t> errorNumbers() const;
+  // The errors with their descriptions and the trace stack each was shown with, for failure
+  // messages.
+  std::string describeErrors() const;
 
  private:
   ScopedReferences refs_;
