@@ -1,9 +1,9 @@
 // "schedule": the calendar routines on a practice database, as a merge would run them.
 //
-//   nvwordmerge schedule --db FILE [--today YYYY-MM-DD] task-for SCHEDULE-ID
-//   nvwordmerge schedule --db FILE [--today YYYY-MM-DD] entry-for TASK-ID
+//   nvwordmerge schedule --db FILE [--today YYYY-MM-DD] [--go-on] task-for SCHEDULE-ID
+//   nvwordmerge schedule --db FILE [--today YYYY-MM-DD] [--go-on] entry-for TASK-ID
 //   nvwordmerge schedule --db FILE best-time --user ID --date YYYY-MM-DD --hours H [--kind K]
-//   nvwordmerge schedule --db FILE [--today YYYY-MM-DD] reminders --user ID
+//   nvwordmerge schedule --db FILE [--today YYYY-MM-DD] [--go-on] reminders --user ID
 //
 // task-for gives a schedule entry its task (or moves the one it has) and prints the task: its
 // ID, whether it was added or updated, date, times, estimate and calendar text. entry-for
@@ -14,9 +14,11 @@
 // reminder it stored; as the check does, every run stores them again.
 //
 // Text values are printed on one line (\r, \n, \t, \\ written out). --today stands for the
-// clock's date. Exit 0 when the routine did its work, 1 when it made nothing or the error
-// service was told of a failure (logged on standard error), 2 for a database that can't be
-// opened or bad arguments.
+// clock's date. An error is logged and ends the routine that met it, as the default error
+// service answers; --go-on answers "go on with the next step" instead, as a host's error
+// service may (an item with no notes, for one, then still gets its task). Exit 0 when the routine
+// did its work, 1 when it made nothing or the error service was told of a failure (logged on
+// standard error), 2 for a database that can't be opened or bad arguments.
 #include <iostream>
 #include <memory>
 #include <optional>
@@ -43,6 +45,7 @@ namespace {
 struct ScheduleOptions {
   std::string db;
   std::string today;
+  bool goOn = false;
   int32_t scheduleID = -1;
   int32_t taskID = -1;
   int32_t userID = -1;
@@ -96,6 +99,7 @@ std::shared_ptr<LoggingErrorService> setUp(const ScheduleOptions& o) {
   }
   LibraryReferences& refs = references();
   std::shared_ptr<LoggingErrorService> errors = useStderrErrorService("schedule");
+  if (o.goOn) errors->setErrorAction(static_cast<int32_t>(ErrorAction::kResumeNext));
   refs.DatabaseReference = db;
   refs.variantUtility = factories().createVariantUtility();
   refs.dateUtility = factories().createDateUtility();
@@ -232,6 +236,8 @@ void registerSchedule(CLI::App& app) {
       "schedule", "Tasks for schedule entries, entries for tasks, free times and reminders");
   cmd->add_option("--db", o->db, "The practice database file")->required();
   cmd->add_option("--today", o->today, "Today's date, YYYY-MM-DD");
+  cmd->add_flag("--go-on", o->goOn,
+                "After an error, go on with the routine's next step instead of leaving it");
   cmd->require_subcommand(1);
   cmd->fallthrough();
 

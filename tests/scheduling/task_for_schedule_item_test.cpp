@@ -60,6 +60,23 @@ TEST_F(TaskForScheduleItemTest, ANewTaskOnThePreviousWorkingDayAtTheFirstFreeTim
   EXPECT_TRUE(f.errorNumbers().empty()) << f.describeErrors();
   EXPECT_EQ(f.errors().entered.front(),
             "Tallowbrook.exe-modDatabaseFunctions-addNewTaskForScheduleItem");
+  // The calendar text of Ann's default task template.
+  EXPECT_EQ(
+      f.stored("SELECT AppointmentText FROM Tasks WHERE TaskID = " + std::to_string(id) + ";"),
+      "GST Return for Maple Leaf Bakery Inc.\r\n9:00 am to 10:30 am");
+}
+
+TEST_F(TaskForScheduleItemTest, TheCalendarTextFollowsTheTaskWhenItMoves) {
+  f.exec(
+      "INSERT INTO UserCalendarSettings (UserIDNum, TemplateTask) VALUES (7, "
+      "'«Task Start Time»-«Task End Time» «Task Subject»');");
+  const int32_t id = addNewTaskForScheduleItem(20, 1.0f, true);
+  const std::string text =
+      "SELECT AppointmentText FROM Tasks WHERE TaskID = " + std::to_string(id) + ";";
+  EXPECT_EQ(f.stored(text), "9:00 am-10:00 am GST Return");
+  EXPECT_EQ(addNewTaskForScheduleItem(20, 2.0f, true), id);
+  EXPECT_EQ(f.stored(text), "9:00 am-11:00 am GST Return");
+  EXPECT_TRUE(f.errorNumbers().empty()) << f.describeErrors();
 }
 
 TEST_F(TaskForScheduleItemTest, TheDateMovesOnlyWhenAsked) {

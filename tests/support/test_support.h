@@ -73,4 +73,17 @@ class TempDir {
   std::filesystem::path path_;
 };
 
+// What a run of a program gave: its exit code (-1 when it didn't exit normally), standard
+// output and standard error, kept apart.
+struct ProgramRun {
+  int exitCode = -1;
+  std::string out;
+  std::string err;
+};
+
+// Runs the program with the arguments (already quoted for the shell), standard input from
+// stdinFile when one is given. Standard error goes through a file in scratch.
+ProgramRun runProgram(const std::string& program, const std::string& args, const TempDir& scratch,
+                      const std::string& stdinFile = "");
+
 }  // namespace nvwm::testing
