@@ -25,42 +25,64 @@ struct CalendarRecordKind {
   const char* idColumn;
   const char* word;
   const char* defaultTemplate;
+  // The data set of the kind, reopened on one record ("...=" the ID ";"), and the test an ID
+  // must pass first. For tasks the data set becomes the task alone, without the schedule
+  // columns of the join.
+  const char* reopenSql;
+  bool (*valid)(const std::string&);
 };
 
-const CalendarRecordKind* calendarRecordKind(int32_t listType) {
+// With no kind of record there is no table, no word, no default and no data set.
+const CalendarRecordKind kNoKind{"", "", "", "", "", nullptr};
+
+const CalendarRecordKind& calendarRecordKind(int32_t listType) {
   static const CalendarRecordKind kAppointment{
-      "Appointments", "AppointmentID", "Appt",
+      "Appointments",
+      "AppointmentID",
+      "Appt",
       "«Appointment Name» for «Company Name»\r\n«Appointment Start Time» to «Appointment End "
-      "Time»"};
+      "Time»",
+      "SELECT Appointments.* From Appointments WHERE Appointments.AppointmentID=",
+      validAppointmentID};
   static const CalendarRecordKind kDocket{
-      "Dockets", "DocketID", "Docket",
+      "Dockets",
+      "DocketID",
+      "Docket",
       "«Docket Start Time» to «Docket End Time»\r\n«Appointment Name» «Task Name» «Company "
-      "Name»\r\n«Docket Name»"};
+      "Name»\r\n«Docket Name»",
+      "SELECT Dockets.* From Dockets WHERE Dockets.DocketID=",
+      validDocketID};
   static const CalendarRecordKind kTask{
-      "Tasks", "TaskID", "Task",
-      "«Task Name» for «Company Name»\r\n«Task Start Time» to «Task End Time»"};
+      "Tasks",
+      "TaskID",
+      "Task",
+      "«Task Name» for «Company Name»\r\n«Task Start Time» to «Task End Time»",
+      "SELECT Tasks.* From Tasks WHERE Tasks.TaskID=",
+      validTaskID};
   switch (listType) {
     case list_type::kAppointmentInfo:
-      return &kAppointment;
+      return kAppointment;
     case list_type::kDocketInfo:
-      return &kDocket;
+      return kDocket;
     case list_type::kTaskInfo:
-      return &kTask;
+      return kTask;
     default:
-      return nullptr;
+      return kNoKind;
   }
 }
 
-// With no kind of record there is no table, no word and no default: the names stay empty.
-const CalendarRecordKind kNoKind{"", "", "", ""};
-
-const CalendarRecordKind& kindOrNone(int32_t listType) {
-  const CalendarRecordKind* kind = calendarRecordKind(listType);
-  return kind ? *kind : kNoKind;
-}
-
-std::string routineTag(const char* routine) {
-  return std::string("Tallowbrook.exe-clsInsertFieldsInRTB-") + routine;
+// Of the three record IDs, the one of the list type's kind; -1 for any other list type.
+int32_t idOfKind(int32_t listType, int32_t appointmentID, int32_t docketID, int32_t taskID) {
+  switch (listType) {
+    case list_type::kAppointmentInfo:
+      return appointmentID;
+    case list_type::kDocketInfo:
+      return docketID;
+    case list_type::kTaskInfo:
+      return taskID;
+    default:
+      return -1;
+  }
 }
 
 }  // namespace
@@ -68,7 +90,7 @@ std::string routineTag(const char* routine) {
 bool clsInsertFieldsInRTB::readUserCalendarTemplate(Routine& r, int32_t userID,
                                                     const char* columnPrefix,
                                                     std::string& templateText) {
-  const std::string column = columnPrefix + std::string(kindOrNone(ListType_).word);
+  const std::string column = columnPrefix + std::string(calendarRecordKind(ListType_).word);
   bool columnHeldText = false;
   bool connected = false;
   r.step([&] { connected = engine::databaseConnected(); });
@@ -109,43 +131,22 @@ std::string clsInsertFieldsInRTB::fillCalendarTemplate(Routine& r, const std::st
                                                        int32_t docketID, int32_t taskID,
                                                        bool useSampleData, bool& isRTF,
                                                        bool& useContactForMissingCompany) {
-  // The ID of the kind at hand; a new one that names a record moves the data set onto it. For
-  // tasks the data set becomes the task alone, without the schedule columns of the join.
-  int32_t id = -1;
-  Handle* dataSet = nullptr;
-  bool (*valid)(const std::string&) = nullptr;
-  const char* reopenSql = "";
-  switch (ListType_) {
-    case list_type::kAppointmentInfo:
-      id = appointmentID;
-      dataSet = &AppointmentsRST_;
-      valid = validAppointmentID;
-      reopenSql = "SELECT Appointments.* From Appointments WHERE Appointments.AppointmentID=";
-      break;
-    case list_type::kDocketInfo:
-      id = docketID;
-      dataSet = &DocketsRST_;
-      valid = validDocketID;
-      reopenSql = "SELECT Dockets.* From Dockets WHERE Dockets.DocketID=";
-      break;
-    case list_type::kTaskInfo:
-      id = taskID;
-      dataSet = &ScheduleTasksRST_;
-      valid = validTaskID;
-      reopenSql = "SELECT Tasks.* From Tasks WHERE Tasks.TaskID=";
-      break;
-    default:
-      break;
-  }
+  // The ID of the kind at hand; a new one that names a record moves the data set onto it.
+  const CalendarRecordKind& kind = calendarRecordKind(ListType_);
+  const int32_t id = idOfKind(ListType_, appointmentID, docketID, taskID);
+  Handle* dataSet = ListType_ == list_type::kAppointmentInfo ? &AppointmentsRST_
+                    : ListType_ == list_type::kDocketInfo    ? &DocketsRST_
+                    : ListType_ == list_type::kTaskInfo      ? &ScheduleTasksRST_
+                                                             : nullptr;
   bool reopen = false;
-  r.step([&] { reopen = dataSet && id >= 0 && id != RecordID_ && valid(std::to_string(id)); });
+  r.step([&] { reopen = dataSet && id >= 0 && id != RecordID_ && kind.valid(std::to_string(id)); });
   if (reopen) {
     r.step([&] { RecordID_ = id; });
     r.step([&] {
       if (engine::database().isRecordsetOpen(*dataSet)) engine::database().closeRecordset(*dataSet);
     });
     r.step([&] {
-      *dataSet = engine::database().openRecordset(reopenSql + std::to_string(id) + ";",
+      *dataSet = engine::database().openRecordset(kind.reopenSql + std::to_string(id) + ";",
                                                   kCursorKeyset, kLockReadOnly, true, "", true);
     });
   }
@@ -178,8 +179,8 @@ std::string clsInsertFieldsInRTB::createDisplayTextByID(int32_t& userID, int32_t
                                                         bool& useContactForMissingCompany) {
   std::string result;
   if (!errorClassRTB_) return result;  // the routine enters errorClassRTB unasked
-  Routine r(routineTag("createDisplayTextByID"), errorService());
-  const CalendarRecordKind& kind = kindOrNone(ListType_);
+  Routine r(engine::routineTag("createDisplayTextByID"), errorService());
+  const CalendarRecordKind& kind = calendarRecordKind(ListType_);
   std::string templateText;
   const bool columnHeldText = readUserCalendarTemplate(r, userID, "Template", templateText);
   r.step([&] {
@@ -201,10 +202,7 @@ std::string clsInsertFieldsInRTB::createDisplayTextByID(int32_t& userID, int32_t
                            taskID, useSampleData, isRTF, useContactForMissingCompany);
 
   // The record's own framing texts, above and below.
-  int32_t id = -1;
-  if (ListType_ == list_type::kAppointmentInfo) id = appointmentID;
-  if (ListType_ == list_type::kDocketInfo) id = docketID;
-  if (ListType_ == list_type::kTaskInfo) id = taskID;
+  const int32_t id = idOfKind(ListType_, appointmentID, docketID, taskID);
   const std::string table = kind.table;
   const std::string sql = "SELECT " + table + "." + kind.idColumn + ", " + table +
                           ".BeforeAppointmentText, " + table + ".AfterAppointmentText FROM " +
@@ -238,7 +236,7 @@ std::string clsInsertFieldsInRTB::createTitleBarTextByID(int32_t& userID, int32_
                                                          bool& useContactForMissingCompany) {
   std::string result;
   if (!errorClassRTB_) return result;  // the routine enters errorClassRTB unasked
-  Routine r(routineTag("createTitleBarTextByID"), errorService());
+  Routine r(engine::routineTag("createTitleBarTextByID"), errorService());
   std::string templateText;
   const bool templateRead = readUserCalendarTemplate(r, userID, "TitleBarText", templateText);
   if (templateRead && engine::isNullValue(Variant(templateText))) return result;
