@@ -108,7 +108,7 @@ Date getBestTimeInCalendarForSpecificDayAndUser(int32_t calendarKind, int32_t us
             previousEnd = timeTo;
           }
         }
-        r.moveNext(h);
+        if (!r.moveNext(h)) break;  // a walk that can't move on ends
       }
     }
     r.close(h);

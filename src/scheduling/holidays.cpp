@@ -42,7 +42,7 @@ bool isStatutoryHoliday(Date day) {
           if (number == 1 || number == 3) result = true;
         }
       });
-      r.moveNext(h);
+      if (!r.moveNext(h)) break;  // a walk that can't move on ends
     }
   }
   r.close(h);

@@ -31,7 +31,7 @@ void updateStepRows(LookupRoutine& r, const std::string& select, int32_t stepID,
              kLockOptimistic);
   while (!r.atEnd(h)) {
     write(h);
-    r.moveNext(h);
+    if (!r.moveNext(h)) break;  // a walk that can't move on ends
   }
   r.close(h);
 }

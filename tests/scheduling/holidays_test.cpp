@@ -41,6 +41,19 @@ TEST(StatutoryHolidayTest, NullOneAndThreeAreStatutoryOthersAreNot) {
   }
 }
 
+// This was a hang: with an error service that says "go on", a walk whose moveNext kept
+// failing stood on its first row for ever.
+TEST(StatutoryHolidayTest, AWalkThatCannotMoveOnEnds) {
+  SchedulingFixture f;
+  addHoliday(f, 2026, 7, 1, "2");
+  addHoliday(f, 2026, 7, 1, "1");
+  f.errors().action = 1;
+  references().DatabaseReference =
+      std::make_shared<testing::FailingDatabaseService>(f.dbService(), "moveNext", 1);
+  EXPECT_FALSE(isStatutoryHoliday(day(2026, 7, 1)));
+  EXPECT_EQ(f.errorNumbers(), std::vector<int32_t>{3001});
+}
+
 TEST(StatutoryHolidayTest, NotConnectedIsNoHoliday) {
   SchedulingFixture f;
   addHoliday(f, 2026, 7, 1, "1");
