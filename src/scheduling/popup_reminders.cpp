@@ -203,20 +203,32 @@ void appendScheduleEntryText(LookupRoutine& r, int32_t scheduleID, const std::st
       });
 }
 
-// The words of kinds 3 and 5.
-struct RecordWords {
+// The record of kinds 3 and 5: where it is read, the test its ID must pass, and the words.
+struct RecordReminder {
+  const char* sqlPrefix;  // followed by the ID and ";"
+  bool (*valid)(const std::string&);
   std::string_view subjectLabel;  // "Appointment: "
   std::string_view forWhom;       // "You have an appointment with "
   std::string_view forNobody;     // "You have an appointment"
 };
 
-constexpr RecordWords kAppointmentWords{"Appointment: ", "You have an appointment with ",
-                                        "You have an appointment"};
-constexpr RecordWords kTaskWords{"Task: ", "Your task for ", "Your task is due"};
+const RecordReminder kAppointmentReminder{
+    "SELECT Appointments.AppointmentID, Appointments.Subject, Appointments.CompanyIDNum, "
+    "Appointments.ContactIDNum, Appointments.ReminderPeriod, Appointments.TimeFrom, "
+    "Appointments.AppointmentText FROM Appointments WHERE AppointmentID=",
+    validAppointmentID, "Appointment: ", "You have an appointment with ",
+    "You have an appointment"};
+const RecordReminder kTaskReminder{
+    "SELECT Tasks.TaskID, Tasks.Subject, Tasks.CompanyIDNum, Tasks.ContactIDNum, "
+    "Tasks.ReminderPeriod, Tasks.TimeFrom, Tasks.AppointmentText FROM Tasks WHERE TaskID=",
+    validTaskID, "Task: ", "Your task for ", "Your task is due"};
 
-void appendRecordText(LookupRoutine& r, const std::string& sql, const RecordWords& words,
+void appendRecordText(LookupRoutine& r, int32_t recordID, const RecordReminder& words,
                       std::string& text) {
-  r.withFirstRow(sql, [&](Handle h) {
+  bool valid = false;
+  r.step([&] { valid = words.valid(idText(recordID)); });
+  if (!valid) return;
+  r.withFirstRow(words.sqlPrefix + idText(recordID) + ";", [&](Handle h) {
     r.step([&] {
       if (!fieldIsNull(h, "Subject"))
         text +=
@@ -257,31 +269,12 @@ std::string getPopUpReminderText(int32_t kind, int32_t recordID, const std::stri
     case ReminderKind::kScheduleEntry:
       appendScheduleEntryText(r, recordID, leadTimeWord, text);
       break;
-    case ReminderKind::kAppointment: {
-      bool valid = false;
-      r.step([&] { valid = validAppointmentID(idText(recordID)); });
-      if (valid)
-        appendRecordText(r,
-                         "SELECT Appointments.AppointmentID, Appointments.Subject, "
-                         "Appointments.CompanyIDNum, Appointments.ContactIDNum, "
-                         "Appointments.ReminderPeriod, Appointments.TimeFrom, "
-                         "Appointments.AppointmentText FROM Appointments WHERE AppointmentID=" +
-                             idText(recordID) + ";",
-                         kAppointmentWords, text);
+    case ReminderKind::kAppointment:
+      appendRecordText(r, recordID, kAppointmentReminder, text);
       break;
-    }
-    case ReminderKind::kTask: {
-      bool valid = false;
-      r.step([&] { valid = validTaskID(idText(recordID)); });
-      if (valid)
-        appendRecordText(r,
-                         "SELECT Tasks.TaskID, Tasks.Subject, Tasks.CompanyIDNum, "
-                         "Tasks.ContactIDNum, Tasks.ReminderPeriod, Tasks.TimeFrom, "
-                         "Tasks.AppointmentText FROM Tasks WHERE TaskID=" +
-                             idText(recordID) + ";",
-                         kTaskWords, text);
+    case ReminderKind::kTask:
+      appendRecordText(r, recordID, kTaskReminder, text);
       break;
-    }
     default:
       break;
   }
