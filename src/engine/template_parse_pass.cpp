@@ -19,19 +19,23 @@
 // earlier ones left, so a value that holds a placeholder is filled in turn. What is left at the
 // end is blanked.
 //
-// Performance: the text is folded once and its delimited spans are hashed (FoldedText), so
-// asking for a placeholder that isn't there is a hash probe, not a search: a fill costs one
-// probe per row and form, and a fold of the text per placeholder actually filled.
+// Performance: the text's placeholders are indexed once (engine/placeholder_index.h), so
+// asking for one that isn't there is a hash look-up, not a search: the walk costs a look-up
+// per row (the fourteen date forms only for a date name the text holds), and the index is
+// rebuilt, by one scan of the text, only after a placeholder was actually filled.
 //
 // A first call on an empty catalogue builds the catalogue for the IDs and returns the text
 // unfilled and unblanked: the row count is read once, before the build.
+#include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "catalogue/cls_insert_fields_in_rtb.h"
 #include "catalogue/field_record.h"
 #include "engine/data_sets.h"
 #include "engine/placeholder_grammar.h"
+#include "engine/placeholder_index.h"
 #include "engine/template_setup.h"
 #include "runtime/text.h"
 
@@ -42,24 +46,52 @@ namespace {
 constexpr const char* kDurationTypeAsTested = "Time(hrs/Min)";
 constexpr const char* kClockTimeFormat = "h:Nn am/pm";
 
-// The work text's placeholders, indexed for the catalogue walk. Reindexed after each change.
-class PlaceholderIndex {
+// How the pass fills a row, by its FieldType.
+enum class Fill : uint8_t { kDateForms, kClockTime, kDollars, kYesNo, kDuration, kAsItComes };
+
+Fill fillOf(std::string_view fieldType) {
+  if (fieldType == kFieldTypeDate) return Fill::kDateForms;
+  if (fieldType == kFieldTypeClockTime) return Fill::kClockTime;
+  if (fieldType == kFieldTypeDollars) return Fill::kDollars;
+  if (fieldType == kFieldTypeYesNo) return Fill::kYesNo;
+  if (fieldType == kDurationTypeAsTested) return Fill::kDuration;
+  return Fill::kAsItComes;
+}
+
+// The catalogue rows in key order, read once for both sweeps (the pass doesn't change the
+// catalogue). Names and their foldings stand one after the other in one buffer.
+class CatalogueRows {
  public:
-  explicit PlaceholderIndex(const std::string& text) { reindex(text); }
-  bool holds(std::string_view placeholder) const { return folded_.contains(placeholder); }
-  void reindex(const std::string& text) {
-    folded_ = FoldedText(text);
-    folded_.indexDelimited(engine::kOpenPlain, engine::kClosePlain);
-    folded_.indexDelimited(engine::kOpenEscaped, engine::kCloseEscaped);
+  struct Row {
+    uint32_t name, nameLength, folded, foldedLength;
+    Fill fill;
+  };
+  void add(std::string_view displayName, std::string_view fieldType) {
+    Row row{};
+    row.name = static_cast<uint32_t>(text_.size());
+    row.nameLength = static_cast<uint32_t>(displayName.size());
+    text_.append(displayName);
+    row.folded = static_cast<uint32_t>(text_.size());
+    text_.append(foldCase(displayName));
+    row.foldedLength = static_cast<uint32_t>(text_.size() - row.folded);
+    row.fill = fillOf(fieldType);
+    rows_.push_back(row);
+  }
+  const std::vector<Row>& rows() const { return rows_; }
+  std::string_view name(const Row& row) const {
+    return std::string_view(text_).substr(row.name, row.nameLength);
+  }
+  std::string_view folded(const Row& row) const {
+    return std::string_view(text_).substr(row.folded, row.foldedLength);
+  }
+  void reserve(size_t rows) {
+    rows_.reserve(rows);
+    text_.reserve(rows * 48);
   }
 
  private:
-  FoldedText folded_;
-};
-
-struct CatalogueRow {
-  std::string displayName;
-  std::string fieldType;
+  std::string text_;
+  std::vector<Row> rows_;
 };
 
 }  // namespace
@@ -89,29 +121,37 @@ std::string clsInsertFieldsInRTB::parseRTBComment(std::string templateText, int3
     return work;
   }
 
-  // The rows in key order; the pass doesn't change the catalogue, so both sweeps share them.
-  std::vector<CatalogueRow> rows;
+  CatalogueRows rows;
   r.step([&] {
     IDList& list = *FieldListStructure_;
     rows.reserve(static_cast<size_t>(rowCount));
+    auto text = [](const Variant& v) {
+      return v.isString() ? std::string_view(v.stringValue()) : std::string_view();
+    };
     for (int32_t key = 1; key <= rowCount; ++key) {
       if (!list.moveToKey(key)) continue;
-      rows.push_back({engine::plainText(list.getColumn(column(FieldColumn::kDisplayName))),
-                      engine::plainText(list.getColumn(column(FieldColumn::kFieldType)))});
+      const Variant name = list.getColumn(column(FieldColumn::kDisplayName));
+      const Variant type = list.getColumn(column(FieldColumn::kFieldType));
+      if (name.isString() && type.isString()) {
+        rows.add(text(name), text(type));
+      } else {
+        rows.add(engine::plainText(name), engine::plainText(type));
+      }
     }
   });
 
-  PlaceholderIndex index(work);
+  engine::PlaceholderIndex index(work);
   std::string placeholder;
-  // Fills one placeholder when the text holds it: the value is asked for only then.
-  auto fill = [&](auto&& valueOf) {
-    bool hit = false;
-    r.step([&] { hit = index.holds(placeholder); });
-    if (!hit) return;
+  std::string key;  // the folded text between the delimiters of `placeholder`
+  // Fills `placeholder`, which the text holds: the value is asked for only now.
+  auto fill = [&](engine::DelimiterForm form, auto&& valueOf) {
     std::string value;
     r.step([&] { value = valueOf(); });
-    r.step([&] { replaceText(work, placeholder, value, isRTF); });
-    r.step([&] { index.reindex(work); });
+    bool failed = true;
+    r.step([&] { failed = replaceText(work, placeholder, value, isRTF); });
+    r.step([&] {
+      if (failed || !index.replaced(form, key, value)) index.rebuild(work);
+    });
   };
   auto dataField = [&](std::string name) {
     return getDataField(name, companyID, contactID, scheduleID, firmID, appointmentID, docketID,
@@ -122,40 +162,56 @@ std::string clsInsertFieldsInRTB::parseRTBComment(std::string templateText, int3
                             docketID, taskID, useSampleData, isRTF);
   };
 
-  const char* const delimiters[2][2] = {{engine::kOpenPlain, engine::kClosePlain},
-                                        {engine::kOpenEscaped, engine::kCloseEscaped}};
-  for (const auto& [open, close] : delimiters) {
-    for (const engine::DateFormatRow& form : engine::kDateFormats) {
-      if (!r.running()) break;
-      placeholder.assign(open)
-          .append("(")
-          .append(engine::kTodaysDate)
-          .append(form.tail)
-          .append(close);
-      fill([&] { return dateField(engine::kTodaysDate, form.format); });
+  const std::string todaysDate = engine::kTodaysDate;
+  const std::string foldedTodaysDate = foldCase(todaysDate);
+  // The date forms of a name, in the order of the table, each filled when the text holds it.
+  auto fillDateForms = [&](engine::DelimiterForm form, const char* open, const char* close,
+                           std::string_view nameView, std::string_view foldedName, bool todays) {
+    if (!index.holdsDateOf(form, foldedName)) return;
+    const std::string name(nameView);
+    for (const engine::DateFormatRow& row : engine::kDateFormats) {
+      if (!r.running()) return;
+      key.assign("(").append(foldedName).append(row.tail);
+      if (!index.holds(form, key)) continue;
+      placeholder.assign(open).append("(").append(name).append(row.tail).append(close);
+      fill(form, [&] { return dateField(name, todays ? row.format : row.dateFieldFormat); });
     }
-    for (const CatalogueRow& row : rows) {
-      if (!r.running()) break;
-      const std::string& name = row.displayName;
-      const std::string& type = row.fieldType;
-      if (type == kFieldTypeDate) {
-        for (const engine::DateFormatRow& form : engine::kDateFormats) {
-          placeholder.assign(open).append("(").append(name).append(form.tail).append(close);
-          fill([&] { return dateField(name, form.dateFieldFormat); });
-        }
+  };
+
+  struct Sweep {
+    engine::DelimiterForm form;
+    const char* open;
+    const char* close;
+  };
+  for (const Sweep& sweep :
+       {Sweep{engine::DelimiterForm::kPlain, engine::kOpenPlain, engine::kClosePlain},
+        Sweep{engine::DelimiterForm::kEscaped, engine::kOpenEscaped, engine::kCloseEscaped}}) {
+    fillDateForms(sweep.form, sweep.open, sweep.close, todaysDate, foldedTodaysDate, true);
+    for (const CatalogueRows::Row& row : rows.rows()) {
+      if (!r.running() || index.empty(sweep.form)) break;
+      if (row.fill == Fill::kDateForms) {
+        fillDateForms(sweep.form, sweep.open, sweep.close, rows.name(row), rows.folded(row), false);
         continue;
       }
-      placeholder.assign(open).append(name).append(close);
-      if (type == kFieldTypeClockTime) {
-        fill([&] { return dateField(name, kClockTimeFormat); });
-      } else if (type == kFieldTypeDollars) {
-        fill([&] { return engine::dollarsText(dataField(name)); });
-      } else if (type == kFieldTypeYesNo) {
-        fill([&] { return engine::yesNoText(dataField(name)); });
-      } else if (type == kDurationTypeAsTested) {
-        fill([&] { return engine::durationText(dataField(name)); });
-      } else {
-        fill([&] { return dataField(name); });
+      key.assign(rows.folded(row));
+      if (!index.holds(sweep.form, key)) continue;
+      const std::string name(rows.name(row));
+      placeholder.assign(sweep.open).append(name).append(sweep.close);
+      switch (row.fill) {
+        case Fill::kClockTime:
+          fill(sweep.form, [&] { return dateField(name, kClockTimeFormat); });
+          break;
+        case Fill::kDollars:
+          fill(sweep.form, [&] { return engine::dollarsText(dataField(name)); });
+          break;
+        case Fill::kYesNo:
+          fill(sweep.form, [&] { return engine::yesNoText(dataField(name)); });
+          break;
+        case Fill::kDuration:
+          fill(sweep.form, [&] { return engine::durationText(dataField(name)); });
+          break;
+        default:
+          fill(sweep.form, [&] { return dataField(name); });
       }
     }
   }

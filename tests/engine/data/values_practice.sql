@@ -2,7 +2,6 @@
 -- contacts that do and don't inherit their company's details, a client record with every
 -- satellite row, software, an appointment, a time entry, schedule entries and tasks.
 
-
 INSERT INTO Companies (CompanyID, CompanyName, Address, City, Province, PostalCode, Country, OfficeNumber, FaxNumber, AltProvince) VALUES
   (1, 'Bellwood Lane CPA', '210 Princess Street', 'Kingston', 'Ontario', 'K7L 1B2', 'Canada', '(613) 555-0142', '(613) 555-0143', NULL),
   (2, 'Maple Leaf Bakery Inc.', '48 Brock Street', 'Kingston', 'Ontario', 'K7L 1R8', 'Canada', '(613) 555-1000', '(613) 555-1009', 'Nova Scotia'),
