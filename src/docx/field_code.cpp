@@ -295,9 +295,8 @@ std::string formatWordDate(Date date, std::string_view p) {
       continue;
     }
     if (startsWithNoCase(p, i, "am/pm")) {
-      bool lower = p[i] == 'a';
-      std::string mark = d.hour < 12 ? rs.am : rs.pm;
-      out += lower ? LCase(mark) : mark;
+      // Word shows the mark in capitals however the picture spells it.
+      out += UCase(d.hour < 12 ? rs.am : rs.pm);
       i += 5;
       continue;
     }

@@ -47,7 +47,8 @@ std::string formatMergeValue(const MergeFieldCode& code, const Variant& value);
 std::string plainValueText(const Variant& value);
 
 // Word's date-time picture: d dd ddd dddd, M MM MMM MMMM (upper-case M is the month), y yy
-// yyyy, h hh (12-hour), H HH (24-hour), m mm (lower-case m is the minute), s ss, am/pm AM/PM,
+// yyyy, h hh (12-hour), H HH (24-hour), m mm (lower-case m is the minute), s ss, am/pm AM/PM (the
+// mark in capitals whichever is written),
 // 'quoted text'; any other character stands for itself. Names from the regional settings.
 std::string formatWordDate(Date date, std::string_view picture);
 

@@ -72,7 +72,8 @@ TEST(WordDatePictureTest, UpperMIsTheMonthLowerMTheMinute) {
       {"dddd, MMMM dd, yyyy", "Thursday, March 05, 2026"},
       {"M/d/yy", "3/5/26"},
       {"ddd MMM", "Thu Mar"},
-      {"h:mm am/pm", "2:07 pm"},
+      {"h:mm am/pm", "2:07 PM"},
+      {"h:mm AM/pm", "2:07 PM"},
       {"hh:mm AM/PM", "02:07 PM"},
       {"HH:mm:ss", "14:07:09"},
       {"'Due on' d MMMM", "Due on 5 March"},
@@ -82,7 +83,7 @@ TEST(WordDatePictureTest, UpperMIsTheMonthLowerMTheMinute) {
     SCOPED_TRACE(c.picture);
     EXPECT_EQ(formatWordDate(at, c.picture), c.expected);
   }
-  EXPECT_EQ(formatWordDate(Date::fromParts({2026, 1, 1, 0, 5, 0}), "h:mm am/pm"), "12:05 am");
+  EXPECT_EQ(formatWordDate(Date::fromParts({2026, 1, 1, 0, 5, 0}), "h:mm am/pm"), "12:05 AM");
 }
 
 TEST(WordNumericPictureTest, FormatsLikeWord) {
