@@ -104,6 +104,17 @@ void appendTitleCase(std::string& out, std::string_view s, size_t i, const Chara
   }
 }
 
+// Where the first letter at or after i stands (text.size() when there is none): Word's case
+// formats pass over leading spaces, punctuation and digits.
+size_t firstLetter(std::string_view text, size_t i) {
+  while (i < text.size()) {
+    Character c = characterAt(text, i);
+    if (c.codePoint && u_isalpha(static_cast<UChar32>(*c.codePoint))) return i;
+    i += c.size;
+  }
+  return text.size();
+}
+
 std::string twoDigits(int n) {
   char buf[8];
   std::snprintf(buf, sizeof buf, "%02d", n % 100);
@@ -474,34 +485,35 @@ std::string capsText(std::string_view text) {
       i += c.size;
       continue;
     }
-    // A word: its first letter up, the rest down.
-    appendTitleCase(out, text, i, c);
-    size_t rest = i + c.size, end = rest;
+    // A word: what leads up to its first letter as it is ("(mary" -> "(Mary"), that letter
+    // up, the rest down.
+    size_t end = i;
     while (end < text.size()) {
       Character next = characterAt(text, end);
       if (isSpace(next)) break;
       end += next.size;
     }
-    out += LCase(text.substr(rest, end - rest));
+    size_t letter = firstLetter(text.substr(0, end), i);
+    if (letter == end) {
+      out += LCase(text.substr(i, end - i));
+    } else {
+      out.append(text.substr(i, letter - i));
+      Character first = characterAt(text, letter);
+      appendTitleCase(out, text, letter, first);
+      out += LCase(text.substr(letter + first.size, end - letter - first.size));
+    }
     i = end;
   }
   return out;
 }
 
 std::string firstCapText(std::string_view text) {
-  std::string out;
-  out.reserve(text.size());
-  size_t i = 0;
-  while (i < text.size()) {
-    Character c = characterAt(text, i);
-    if (!isSpace(c)) {
-      appendTitleCase(out, text, i, c);
-      out.append(text.substr(i + c.size));
-      return out;
-    }
-    out.append(text.substr(i, c.size));
-    i += c.size;
-  }
+  size_t letter = firstLetter(text, 0);
+  if (letter == text.size()) return std::string(text);
+  std::string out(text.substr(0, letter));
+  Character c = characterAt(text, letter);
+  appendTitleCase(out, text, letter, c);
+  out.append(text.substr(letter + c.size));
   return out;
 }
 

@@ -61,8 +61,9 @@ std::string formatWordDate(Date date, std::string_view picture);
 std::string formatWordNumber(double value, std::string_view picture);
 
 // The \* case formats Caps (each word's first letter up, the rest of it down) and FirstCap (the
-// first letter up). Upper and Lower are the runtime's UCase and LCase. Bytes that are not
-// UTF-8 stay as they are (runtime/utf8.h).
+// first letter up); the first letter is the first one after any leading punctuation ("(mary").
+// Upper and Lower are the runtime's UCase and LCase. Bytes that are not UTF-8 stay as they are
+// (runtime/utf8.h).
 std::string capsText(std::string_view text);
 std::string firstCapText(std::string_view text);
 

@@ -138,6 +138,13 @@ TEST(MergeValueTest, SwitchesApplyInWordsOrder) {
       {"MERGEFIELD N \\* Lower", Variant("ÉCOLE"), "école"},
       {"MERGEFIELD N \\* Caps", Variant("ann MARIE lee"), "Ann Marie Lee"},
       {"MERGEFIELD N \\* FirstCap", Variant("ann lee"), "Ann lee"},
+      {"MERGEFIELD N \\* Caps", Variant("mary smith"), "Mary Smith"},
+      {"MERGEFIELD N \\* FirstCap", Variant("mary smith"), "Mary smith"},
+      {"MERGEFIELD N \\* Caps", Variant("\"mary\" (smith)"), "\"Mary\" (Smith)"},
+      {"MERGEFIELD N \\* Caps", Variant("'mary o'neil"), "'Mary O'neil"},
+      {"MERGEFIELD N \\* FirstCap", Variant("...mary smith"), "...Mary smith"},
+      {"MERGEFIELD N \\* FirstCap", Variant("\"mary\""), "\"Mary\""},
+      {"MERGEFIELD N \\* Caps", Variant("-- 42 --"), "-- 42 --"},
       {"MERGEFIELD N \\* MERGEFORMAT", Variant("ann"), "ann"},
       {"MERGEFIELD N \\b \"Dear \" \\f \",\"", Variant("Ann"), "Dear Ann,"},
       {"MERGEFIELD N \\b \"Dear \" \\f \",\"", Variant(""), ""},
@@ -182,13 +189,13 @@ TEST(MergeValueTest, CaseSwitchesKeepBytesThatAreNotUtf8) {
        "\xFF"
        "ann bob",
        "\xFF"
-       "ann Bob"},
+       "Ann Bob"},  // a bad byte leads up to the letter, as punctuation does
       {"MERGEFIELD N \\* FirstCap", "  \xC3\xA9mile lee", "  \xC3\x89mile lee"},
       {"MERGEFIELD N \\* FirstCap",
        "\xC0"
        "ann",
        "\xC0"
-       "ann"},
+       "Ann"},
       {"MERGEFIELD N \\* Upper",
        "stra\xC3\x9F"
        "e",
