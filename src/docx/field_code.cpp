@@ -186,8 +186,10 @@ std::optional<MergeFieldCode> parseSwitchedField(std::string_view instruction,
       continue;  // a stray word after the name is ignored, as Word does
     }
     char letter = t.text[0];
+    // A switch that takes an argument and has none spoils the field, as in Word.
     auto argument = [&]() -> std::string {
       if (i + 1 < tokens.size() && !tokens[i + 1].isSwitch) return tokens[++i].text;
+      code.argumentMissing = true;
       return {};
     };
     switch (letter) {
@@ -217,7 +219,7 @@ std::optional<MergeFieldCode> parseSwitchedField(std::string_view instruction,
         code.vertical = true;
         break;
       default:
-        argument();
+        if (i + 1 < tokens.size() && !tokens[i + 1].isSwitch) ++i;
         break;
     }
   }
@@ -244,6 +246,7 @@ std::string plainValueText(const Variant& value) {
 }
 
 std::string formatMergeValue(const MergeFieldCode& code, const Variant& value) {
+  if (code.argumentMissing) return std::string(kSwitchArgumentMissingText);
   std::string text;
   bool done = false;
   if (code.datePicture) {

@@ -21,6 +21,7 @@ struct MergeFieldCode {
   std::optional<std::string> textAfter;       // \f
   bool mapped = false;                        // \m (accepted; names are taken as written)
   bool vertical = false;                      // \v (accepted; no effect on the text)
+  bool argumentMissing = false;  // a switch that takes an argument (\@ \# \* \b \f) has none
 
   // True when \* CHARFORMAT asks for the formatting of the field name instead of the result.
   bool charFormat() const;
@@ -38,8 +39,13 @@ std::optional<MergeFieldCode> parseMergeField(std::string_view instruction);
 std::optional<MergeFieldCode> parseCounterField(std::string_view instruction,
                                                 std::string_view keyword);
 
+// What Word shows for a field with a switch that lacks its argument.
+inline constexpr std::string_view kSwitchArgumentMissingText =
+    "Error! Switch argument not specified.";
+
 // The text of a merged value: the switches applied to the value as Word applies them
 // (\# or \@ first, then \*, then \b and \f around a non-empty result).
+// A switch without its argument gives kSwitchArgumentMissingText.
 std::string formatMergeValue(const MergeFieldCode& code, const Variant& value);
 
 // The text of a value without switches: strings as they are, numbers in the runtime's shortest

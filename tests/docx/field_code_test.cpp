@@ -62,6 +62,36 @@ TEST(MergeFieldCodeTest, SwitchesMAndVAreAccepted) {
   EXPECT_EQ(formatMergeValue(*code, Variant("Ann")), "Ann");
 }
 
+// A switch that lacks its argument shows Word's error text, never an empty result.
+TEST(MergeFieldCodeTest, ASwitchWithoutItsArgumentShowsWordsError) {
+  const struct {
+    const char* instruction;
+    Variant value;
+    const char* expected;
+  } cases[] = {
+      {"MERGEFIELD Amount \\#", Variant(15.0), "Error! Switch argument not specified."},
+      {"MERGEFIELD Amount \\# ", Variant("15"), "Error! Switch argument not specified."},
+      {"MERGEFIELD Due \\@", Variant(Date::fromYmd(2026, 3, 5)),
+       "Error! Switch argument not specified."},
+      {"MERGEFIELD Due \\@ \\* Upper", Variant(Date::fromYmd(2026, 3, 5)),
+       "Error! Switch argument not specified."},
+      {"MERGEFIELD Name \\b", Variant("Ann"), "Error! Switch argument not specified."},
+      {"MERGEFIELD Name \\# \\b \"Dear \"", Variant(""), "Error! Switch argument not specified."},
+      // An argument that is there but empty is an argument.
+      {"MERGEFIELD Name \\b \"\"", Variant("Ann"), "Ann"},
+      {"MERGEFIELD Name \\q", Variant("Ann"), "Ann"},  // an unknown switch, no argument needed
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.instruction);
+    auto code = parseMergeField(c.instruction);
+    ASSERT_TRUE(code);
+    EXPECT_EQ(formatMergeValue(*code, c.value), c.expected);
+  }
+  auto counter = parseCounterField("MERGEREC \\#", "MERGEREC");
+  ASSERT_TRUE(counter);
+  EXPECT_EQ(formatMergeValue(*counter, Variant(3.0)), "Error! Switch argument not specified.");
+}
+
 TEST(WordDatePictureTest, UpperMIsTheMonthLowerMTheMinute) {
   Date at = Date::fromParts({2026, 3, 5, 14, 7, 9});  // a Thursday
   const struct {
