@@ -460,10 +460,17 @@ std::string formatWordNumber(double value, std::string_view picture) {
     int di = static_cast<int>(intDigits.size()) - 1;
     for (; pi >= 0 && di >= 0; --pi, --di) filled.insert(filled.begin(), intDigits[di]);
     if (di >= 0) filled.insert(0, intDigits.substr(0, di + 1));  // more digits than places
+    // A 0 without a digit shows 0; a # shows a space ("$###" of 15 is "$ 15"), and a
+    // separator between such places is left out.
+    size_t blanks = 0;
     for (; pi >= 0; --pi) {
-      if (placeholders[pi] == '0') filled.insert(filled.begin(), '0');
+      if (placeholders[pi] == '0')
+        filled.insert(filled.begin(), '0');
+      else if (placeholders[pi] == '#')
+        ++blanks;
     }
-    integerPart = grouping ? groupDigits(filled, rs.thousandsSeparator) : filled;
+    integerPart =
+        std::string(blanks, ' ') + (grouping ? groupDigits(filled, rs.thousandsSeparator) : filled);
   }
   std::string decimalPart;
   if (point != std::string::npos) {

@@ -58,12 +58,12 @@ std::string plainValueText(const Variant& value);
 // 'quoted text'; any other character stands for itself. Names from the regional settings.
 std::string formatWordDate(Date date, std::string_view picture);
 
-// Word's numeric picture: 0 (digit or 0), # (digit or nothing: current Word shows "$15" for
-// 15 in "$###", not the "$ 15" of old manuals), x (drops digits on its left),
-// . and , (decimal point, grouping), - and + (sign), "positive;negative;zero" sections,
-// 'quoted text'; any other character stands for itself. Digits are rounded half away from zero
-// as the value is displayed, as Format rounds them (runtime/decimal_digits.h): 1.005 in "0.00"
-// is "1.01".
+// Word's numeric picture: 0 (a digit, 0 where there is none), # (a digit, a space where there
+// is none: "$###" of 15 is "$ 15"), x (drops the digits on its left; on the right of the point
+// it rounds there), . and , (decimal point, grouping), - and + (sign), "positive;negative;zero"
+// sections, 'quoted text'; any other character stands for itself. Digits are rounded half away
+// from zero as the value is displayed, as Format rounds them (runtime/decimal_digits.h): 1.005
+// in "0.00" is "1.01".
 std::string formatWordNumber(double value, std::string_view picture);
 
 // The \* case formats Caps (each word's first letter up, the rest of it down) and FirstCap (the
