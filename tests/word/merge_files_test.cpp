@@ -21,9 +21,9 @@ class MergeFilesTest : public ::testing::Test {
                "INSERT INTO Clients VALUES ('Ann', 100), ('Bob', 250.5), ('Cy', 0);");
     DocxParts parts;
     parts.body = para(run("Dear ") + complexField({" MERGEFIELD ", "Name "})) +
-                "<w:tbl><w:tr><w:tc>" + para(run("Fee")) + "</w:tc><w:tc>" +
-                para(simpleField(" MERGEFIELD Fee \\# \"$#,##0.00\" ")) + "</w:tc></w:tr></w:tbl>" +
-                para(run("Regards"));
+                 "<w:tbl><w:tr><w:tc>" + para(run("Fee")) + "</w:tc><w:tc>" +
+                 para(simpleField(" MERGEFIELD Fee \\# \"$#,##0.00\" ")) +
+                 "</w:tc></w:tr></w:tbl>" + para(run("Regards"));
     parts.headers["default"] = para(run("Ref: ") + simpleField(" MERGEFIELD Name \\* Upper "));
     parts.footers["default"] = para(complexField({" PAGE "}, "1"));
     writeDocx(parts, main_);
@@ -60,6 +60,25 @@ TEST_F(MergeFilesTest, BadInputRaisesAndWritesNothing) {
   for (const auto& c : cases) {
     SCOPED_TRACE(c.templatePath + " " + c.data + " " + c.table);
     EXPECT_THROW(wordengine::mergeFiles(c.templatePath, c.data, c.table, out_), RuntimeError);
+    EXPECT_FALSE(fs::exists(out_));
+  }
+}
+
+// A data source with its header and no records is refused before anything is written.
+TEST_F(MergeFilesTest, ADataSourceWithoutRecordsIsRefusedAndNothingIsWritten) {
+  std::string csv = dir_.file("header-only.csv");
+  writeFile(csv, "Name,Fee\r\n");
+  execSqlite(db_, "CREATE TABLE Nobody (Name TEXT, Fee REAL);");
+  for (const auto& [data, table] :
+       {std::pair{csv, std::string()}, std::pair{db_, std::string("Nobody")}}) {
+    SCOPED_TRACE(data + " " + table);
+    try {
+      wordengine::mergeFiles(main_, data, table, out_);
+      ADD_FAILURE() << "merged";
+    } catch (const RuntimeError& e) {
+      EXPECT_EQ(e.number(), 4198);
+      EXPECT_NE(e.description().find("no records"), std::string::npos) << e.description();
+    }
     EXPECT_FALSE(fs::exists(out_));
   }
 }
