@@ -148,7 +148,8 @@ TEST(WordNumericPictureTest, RoundsLikeFormat) {
   for (double value : {1.005, 2.675, 0.125, 1234.565, 0.0049999, 1e15 + 0.5, 99.995}) {
     SCOPED_TRACE(value);
     EXPECT_EQ(formatWordNumber(value, "0.00"), Format(Variant(value), "0.00"));
-    EXPECT_EQ(formatWordNumber(value, "#,##0.0"), Format(Variant(value), "#,##0.0"));
+    // (# pads with spaces in a field, not in Format: the rounding is compared on 0s.)
+    EXPECT_EQ(formatWordNumber(value, "0.0"), Format(Variant(value), "0.0"));
   }
 }
 
