@@ -10,9 +10,11 @@
 #include "docx/compile_template.h"
 
 #include <algorithm>
+#include <cstdio>
 #include <cstring>
 
 #include "docx/template_fields.h"
+#include "docx/xml_characters.h"
 #include "docx/xml_tree.h"
 #include "docx/xml_writer.h"
 #include "runtime/error.h"
@@ -20,7 +22,19 @@
 namespace nvwm::docx {
 namespace {
 
+// A character XML 1.0 forbids would be written out again and spoil the merged document.
+void checkCharacters(const std::string& bytes, const std::string& partName) {
+  std::optional<ForbiddenCharacter> bad = findForbiddenCharacter(bytes);
+  if (!bad) return;
+  char code[16];
+  std::snprintf(code, sizeof code, "U+%04X", static_cast<unsigned>(bad->codePoint));
+  raise(ErrorNumber::kDocumentError, "part " + partName + " holds " + code + " at byte " +
+                                         std::to_string(bad->offset) +
+                                         ", a character XML 1.0 forbids");
+}
+
 pugi::xml_document parse(const std::string& bytes, const std::string& partName) {
+  checkCharacters(bytes, partName);
   pugi::xml_document doc;
   pugi::xml_parse_result r =
       doc.load_buffer(bytes.data(), bytes.size(), kParseFlags, pugi::encoding_utf8);

@@ -62,8 +62,9 @@ struct CompiledTemplate {
 
 // Compiles the main document. suppressBlankLines: paragraphs that hold nothing but merge
 // fields are left out of a copy where all of them are empty. Raises 4198 when the main
-// document part or a header, footer or notes part is not well-formed XML, or the main
-// document has no body.
+// document part or a header, footer or notes part is not well-formed XML or holds a character
+// XML 1.0 forbids (the message names the part), or the main document has
+// no body.
 CompiledTemplate compileTemplate(Package& main, bool suppressBlankLines);
 
 }  // namespace nvwm::docx
