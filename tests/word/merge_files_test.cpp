@@ -6,6 +6,7 @@
 
 #include "docx/docx_test_support.h"
 #include "services/word/word_engine.h"
+#include "support/program_run.h"
 #include "support/test_support.h"
 
 namespace nvwm::testing {
@@ -81,6 +82,18 @@ TEST_F(MergeFilesTest, ADataSourceWithoutRecordsIsRefusedAndNothingIsWritten) {
     }
     EXPECT_FALSE(fs::exists(out_));
   }
+}
+
+// A SKIPIF that drops every record gives an empty document and says so; nothing crashes.
+TEST_F(MergeFilesTest, ASkipIfThatDropsEveryRecordGivesAnEmptyDocument) {
+  writeDocxBody(para(simpleField(" SKIPIF 1 = 1 ") + simpleField(" MERGEFIELD Name ")), main_);
+  EXPECT_EQ(wordengine::mergeFiles(main_, db_, "Clients", out_), 0u);
+  expectConsistentPackage(out_);
+  EXPECT_EQ(dumpBody(*loadPart(out_, "word/document.xml")), "\n");
+  ProgramRun run = runProgram(NVWM_CLI, "docx-merge --template '" + main_ + "' --data '" + db_ +
+                                            "' --table Clients --out '" + out_ + "'");
+  EXPECT_EQ(run.exitCode, 0);
+  EXPECT_NE(run.err.find("docx-merge: SKIPIF dropped every record"), std::string::npos) << run.err;
 }
 
 // Where LibreOffice is installed, merged output must convert without complaint.

@@ -546,9 +546,10 @@ size_t mergeFiles(const std::string& templatePath, const std::string& dataSource
     raise(ErrorNumber::kDocumentError,
           "the data source " + dataSource + " has a header and no records: nothing to merge");
   }
-  std::unique_ptr<Package> merged = mergeDocument(*main, data);
+  size_t copies = 0;
+  std::unique_ptr<Package> merged = mergeDocument(*main, data, &copies);
   merged->save(outputPath);
-  return data.rowCount();
+  return copies == 0 ? 0 : data.rowCount();
 }
 
 }  // namespace nvwm::wordengine
