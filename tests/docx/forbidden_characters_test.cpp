@@ -6,6 +6,7 @@
 #include "docx/docx_test_support.h"
 #include "docx/mail_merge.h"
 #include "docx/xml_characters.h"
+#include "runtime/error.h"
 #include "support/temp_dir.h"
 
 namespace nvwm::testing {
