@@ -22,6 +22,8 @@
 namespace nvwm::docx {
 namespace {
 
+using ParagraphIds = std::unordered_map<std::string, uint32_t>;
+
 // A character XML 1.0 forbids would be written out again and spoil the merged document.
 void checkCharacters(const std::string& bytes, const std::string& partName) {
   std::optional<ForbiddenCharacter> bad = findForbiddenCharacter(bytes);
@@ -45,7 +47,7 @@ pugi::xml_document parse(const std::string& bytes, const std::string& partName) 
   return doc;
 }
 
-// The attributes that a copy renumbers, by element.
+// The attributes that a copy renumbers, by element; an element of nullptr: on any element.
 struct ReferenceRule {
   const char* element;
   const char* attribute;
@@ -61,28 +63,44 @@ constexpr ReferenceRule kReferenceRules[] = {
     {"w:commentRangeEnd", "w:id", RefKind::kComment},
     {"wp:docPr", "id", RefKind::kDrawing},
     {"w:bookmarkStart", "w:id", RefKind::kBookmark},
+    {"w:bookmarkStart", "w:name", RefKind::kBookmarkName},
     {"w:bookmarkEnd", "w:id", RefKind::kBookmark},
+    {"w:hyperlink", "w:anchor", RefKind::kBookmarkName},
+    {nullptr, "w14:paraId", RefKind::kParagraphId},
     // The notes themselves, in their own parts.
     {"w:footnote", "w:id", RefKind::kFootnote},
     {"w:endnote", "w:id", RefKind::kEndnote},
     {"w:comment", "w:id", RefKind::kComment},
 };
 
-const ReferenceRule* referenceRuleOf(pugi::xml_node element) {
-  if (!element.first_attribute()) return nullptr;
+// The kind of reference an attribute of the element is, if it is one.
+std::optional<RefKind> referenceKindOf(pugi::xml_node element, const char* attribute) {
   for (const ReferenceRule& rule : kReferenceRules) {
-    if (named(element, rule.element)) return &rule;
+    if (std::strcmp(rule.attribute, attribute) == 0 &&
+        (!rule.element || named(element, rule.element))) {
+      return rule.kind;
+    }
   }
-  return nullptr;
+  return std::nullopt;
+}
+
+bool hasReference(pugi::xml_node element, bool allKinds) {
+  for (pugi::xml_attribute a : element.attributes()) {
+    std::optional<RefKind> kind = referenceKindOf(element, a.name());
+    if (kind && (allKinds || *kind == RefKind::kParagraphId)) return true;
+  }
+  return false;
 }
 
 // Writes subtrees of a parsed part into a program.
 class ProgramWriter {
  public:
   // fields: the places found in the tree (their indices are the program's fields).
-  // references: attributes of kReferenceRules become references.
-  ProgramWriter(MergeProgram& program, const TemplateFields& fields, bool references)
-      : program_(program), fields_(fields), references_(references) {}
+  // references: attributes of kReferenceRules become references; else only paragraph ids do.
+  // paragraphIds: where each paragraph id met is given its ordinal (CompiledTemplate).
+  ProgramWriter(MergeProgram& program, const TemplateFields& fields, bool references,
+                std::unordered_map<std::string, uint32_t>& paragraphIds)
+      : program_(program), fields_(fields), references_(references), paragraphIds_(paragraphIds) {}
 
   // A node and its subtree.
   void node(pugi::xml_node n) {
@@ -119,9 +137,7 @@ class ProgramWriter {
       return false;
     }
     bool leaf = !n.first_child();
-    const ReferenceRule* rule =
-        references_ && n.type() == pugi::node_element ? referenceRuleOf(n) : nullptr;
-    if (!rule) {
+    if (!hasReference(n, references_)) {
       appendOpening(program_.xml(), n, leaf);
       return !leaf;
     }
@@ -129,14 +145,18 @@ class ProgramWriter {
     out += '<';
     out += n.name();
     for (pugi::xml_attribute a : n.attributes()) {
-      if (std::strcmp(a.name(), rule->attribute) != 0) {
+      std::optional<RefKind> kind = referenceKindOf(n, a.name());
+      if (!kind || (!references_ && *kind != RefKind::kParagraphId)) {
         appendAttribute(out, a);
         continue;
       }
       out += ' ';
       out += a.name();
       out += "=\"";
-      program_.appendReference(rule->kind, a.value());  // appends to out
+      if (*kind == RefKind::kParagraphId) {
+        paragraphIds_.emplace(a.value(), static_cast<uint32_t>(paragraphIds_.size()));
+      }
+      program_.appendReference(*kind, a.value());  // appends to out
       out += '"';
     }
     out += leaf ? "/>" : ">";
@@ -193,6 +213,7 @@ class ProgramWriter {
   MergeProgram& program_;
   const TemplateFields& fields_;
   bool references_;
+  std::unordered_map<std::string, uint32_t>& paragraphIds_;
   struct OpenGroup {
     pugi::xml_node paragraph;
     uint32_t beginOp;
@@ -269,7 +290,7 @@ void idStrides(pugi::xml_node root, long& drawing, long& bookmark) {
 
 // ---- The body ----
 
-CompiledBody compileBody(Package& main, bool suppress) {
+CompiledBody compileBody(Package& main, bool suppress, ParagraphIds& paragraphIds) {
   const std::string& mainPart = main.mainPart();
   CompiledBody out;
   pugi::xml_document doc = parse(main.bytes(mainPart), mainPart);
@@ -288,12 +309,12 @@ CompiledBody compileBody(Package& main, bool suppress) {
   idStrides(doc, out.drawingStride, out.bookmarkStride);
 
   surroundings(body, out.prefix, out.suffix);
-  ProgramWriter content(out.content, fields, true);
+  ProgramWriter content(out.content, fields, true, paragraphIds);
   content.children(body, finalSect);
   out.content.finish();
   // Section properties hold no fields; anything that looks like one there stays as it is.
   TemplateFields none;
-  ProgramWriter section(out.section, none, true);
+  ProgramWriter section(out.section, none, true, paragraphIds);
   section.node(finalSect);
   out.section.finish();
   return out;
@@ -301,7 +322,8 @@ CompiledBody compileBody(Package& main, bool suppress) {
 
 // ---- Headers and footers ----
 
-std::vector<CompiledHeader> compileHeaders(Package& main, bool suppress) {
+std::vector<CompiledHeader> compileHeaders(Package& main, bool suppress,
+                                           ParagraphIds& paragraphIds) {
   const std::string& mainPart = main.mainPart();
   std::vector<CompiledHeader> headers;
   size_t ordinal = 0;
@@ -316,7 +338,7 @@ std::vector<CompiledHeader> compileHeaders(Package& main, bool suppress) {
     TemplateFields fields;
     fields.find(doc.document_element(), suppress, h.program);
     if (!h.program.hasFields()) continue;  // shared by every copy as it is
-    ProgramWriter writer(h.program, fields, false);
+    ProgramWriter writer(h.program, fields, false, paragraphIds);
     writer.children(doc);
     h.program.finish();
     h.relId = rel.id;
@@ -333,7 +355,8 @@ std::vector<CompiledHeader> compileHeaders(Package& main, bool suppress) {
 // ---- Footnotes, endnotes and comments ----
 
 std::optional<CompiledNotes> compileNotes(Package& main, const std::string& part,
-                                          const char* element, RefKind kind, bool suppress) {
+                                          const char* element, RefKind kind, bool suppress,
+                                          ParagraphIds& paragraphIds) {
   if (part.empty() || !main.has(part)) return std::nullopt;
   pugi::xml_document doc = parse(main.bytes(part), part);
   pugi::xml_node root = doc.document_element();
@@ -352,7 +375,7 @@ std::optional<CompiledNotes> compileNotes(Package& main, const std::string& part
   out.count = static_cast<long>(normal.size());
   TemplateFields fields;
   for (pugi::xml_node n : normal) fields.find(n, suppress, out.notes);
-  ProgramWriter writer(out.notes, fields, true);
+  ProgramWriter writer(out.notes, fields, true, paragraphIds);
   for (pugi::xml_node n : normal) {
     out.indexOf.emplace(n.attribute("w:id").value(), static_cast<long>(out.indexOf.size()));
     writer.node(n);
@@ -382,6 +405,16 @@ std::string CompiledNotes::idFor(std::string_view original, size_t copy) const {
   return std::to_string(base + static_cast<long>(copy) * count + it->second);
 }
 
+std::string CompiledTemplate::paragraphIdFor(std::string_view original, size_t copy) const {
+  auto it = paragraphIds.find(std::string(original));
+  if (it == paragraphIds.end()) return std::string(original);
+  // Eight hex digits below 0x80000000, never 0, as Word writes them.
+  uint64_t value = 1 + (copy * paragraphIds.size() + it->second) % 0x7FFFFFFE;
+  char text[16];
+  std::snprintf(text, sizeof text, "%08X", static_cast<unsigned>(value));
+  return text;
+}
+
 const CompiledNotes* CompiledTemplate::notesOf(RefKind kind) const {
   for (const CompiledNotes& n : notes) {
     if (n.kind == kind) return &n;
@@ -393,18 +426,21 @@ CompiledTemplate compileTemplate(Package& main, bool suppressBlankLines) {
   CompiledTemplate out;
   out.mainPart = main.mainPart();
   for (std::string& name : main.partNames()) out.partNames.insert(std::move(name));
-  out.body = compileBody(main, suppressBlankLines);
-  out.headers = compileHeaders(main, suppressBlankLines);
+  out.body = compileBody(main, suppressBlankLines, out.paragraphIds);
+  out.headers = compileHeaders(main, suppressBlankLines, out.paragraphIds);
   for (const auto& rel : main.relationships(out.mainPart)) {
     if (rel.external) continue;
     std::string part = Package::resolveTarget(out.mainPart, rel.target);
     std::optional<CompiledNotes> notes;
     if (rel.type == kRelFootnotes) {
-      notes = compileNotes(main, part, "w:footnote", RefKind::kFootnote, suppressBlankLines);
+      notes = compileNotes(main, part, "w:footnote", RefKind::kFootnote, suppressBlankLines,
+                           out.paragraphIds);
     } else if (rel.type == kRelEndnotes) {
-      notes = compileNotes(main, part, "w:endnote", RefKind::kEndnote, suppressBlankLines);
+      notes = compileNotes(main, part, "w:endnote", RefKind::kEndnote, suppressBlankLines,
+                           out.paragraphIds);
     } else if (rel.type == kRelComments) {
-      notes = compileNotes(main, part, "w:comment", RefKind::kComment, suppressBlankLines);
+      notes = compileNotes(main, part, "w:comment", RefKind::kComment, suppressBlankLines,
+                           out.paragraphIds);
     }
     if (notes && !out.notesOf(notes->kind)) out.notes.push_back(std::move(*notes));
   }

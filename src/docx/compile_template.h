@@ -56,6 +56,11 @@ struct CompiledTemplate {
   std::vector<CompiledHeader> headers;
   std::vector<CompiledNotes> notes;
   std::unordered_set<std::string> partNames;  // the template's parts: new parts take others
+  // The paragraph ids (w14:paraId) of the parts copied per record, each with its ordinal: a
+  // copy gives each an id of its own (paragraphIdFor).
+  std::unordered_map<std::string, uint32_t> paragraphIds;
+
+  std::string paragraphIdFor(std::string_view original, size_t copy) const;
 
   const CompiledNotes* notesOf(RefKind kind) const;
 };

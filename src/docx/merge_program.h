@@ -66,8 +66,8 @@ struct SlotGroup {
 };
 
 // The kinds of reference that a record's copy renumbers: relationship ids of headers and
-// footers, note ids, and the ids that must stay unique in a document (drawing wp:docPr ids,
-// bookmark ids).
+// footers, note ids, and the ids and names that must stay unique in a document (drawing
+// wp:docPr ids, bookmark ids and names, paragraph ids).
 enum class RefKind : uint8_t {
   kRelationship,
   kFootnote,  // kFootnote, kEndnote and kComment stay together, in this order
@@ -75,6 +75,8 @@ enum class RefKind : uint8_t {
   kComment,
   kDrawing,
   kBookmark,
+  kBookmarkName,  // w:bookmarkStart's name and what points at it (w:hyperlink's anchor)
+  kParagraphId,   // w14:paraId of paragraphs and table rows, unique in a document
 };
 
 enum class OpKind : uint8_t {

@@ -57,6 +57,12 @@ class CopyReferences : public ReferenceResolver {
       case RefKind::kBookmark:
         appendEscapedAttribute(out, shifted(original, copy_, compiled_.body.bookmarkStride));
         return;
+      case RefKind::kBookmarkName:
+        appendEscapedAttribute(out, copyBookmarkName(original, copy_));
+        return;
+      case RefKind::kParagraphId:
+        appendEscapedAttribute(out, compiled_.paragraphIdFor(original, copy_));
+        return;
     }
     appendEscapedAttribute(out, original);
   }
@@ -210,6 +216,20 @@ class MergeRun {
 };
 
 }  // namespace
+
+std::string copyBookmarkName(std::string_view name, size_t copy) {
+  if (copy == 0 || name.empty()) return std::string(name);
+  std::string suffix = "_" + std::to_string(copy + 1);
+  // Word reads no more than 40 characters of a name; the suffix must stay.
+  constexpr size_t kLongest = 40;
+  std::string_view stem = name.substr(0, kLongest > suffix.size() ? kLongest - suffix.size() : 0);
+  // Never cut a character in two: the first byte left out must begin one.
+  while (!stem.empty() && stem.size() < name.size() &&
+         (static_cast<unsigned char>(name[stem.size()]) & 0xC0) == 0x80) {
+    stem.remove_suffix(1);
+  }
+  return std::string(stem) + suffix;
+}
 
 void KeepReferences::append(std::string& out, RefKind, std::string_view original) const {
   appendEscapedAttribute(out, original);

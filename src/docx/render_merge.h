@@ -85,6 +85,14 @@ class BoundProgram {
   std::vector<size_t> madeFor_;  // the record index + 1 of runs_[i]; 0: not made
 };
 
+// The name a bookmark of the template takes in a copy (from 0): the first copy keeps it, the
+// others add "_<copy number>" ("Total_2"), cut to Word's 40 characters.
+std::string copyBookmarkName(std::string_view name, size_t copy);
+
+// What REF shows for a name that no SET or ASK of the copy has given a value yet, as Word
+// words it.
+inline constexpr std::string_view kMissingReferenceText = "Error! Reference source not found.";
+
 // Text that a field shows when the data source has no column of its name, as Word words it.
 inline constexpr std::string_view kMissingFieldText =
     "Error! MergeField was not found in header record of data source.";
