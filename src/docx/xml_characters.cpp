@@ -1,6 +1,8 @@
 // The characters XML 1.0 allows, checked over a part's bytes in one pass.
 #include "docx/xml_characters.h"
 
+#include <algorithm>
+
 namespace nvwm::docx {
 namespace {
 
@@ -30,7 +32,8 @@ std::optional<char32_t> referenceAt(std::string_view xml, size_t i) {
   for (; p < xml.size() && xml[p] != ';'; ++p, ++digits) {
     int d = digitValue(xml[p], base);
     if (d < 0) return std::nullopt;
-    value = value > 0x110000 ? value : value * base + d;  // stays beyond range once there
+    // Anything beyond the last code point reads as U+110000.
+    value = std::min<char32_t>(value * base + static_cast<char32_t>(d), 0x110000);
   }
   if (digits == 0 || p >= xml.size()) return std::nullopt;
   return value;
