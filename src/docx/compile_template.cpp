@@ -181,6 +181,9 @@ class ProgramWriter {
       case FieldPlan::Kind::kSkipIf:
         program_.appendControl(OpKind::kSkipIf, plan.index);
         break;
+      case FieldPlan::Kind::kSet:
+        program_.appendControl(OpKind::kSet, plan.index);
+        break;
       case FieldPlan::Kind::kIf: {
         uint32_t test = program_.appendControl(OpKind::kIf, plan.index);
         writePieces(plan.whenTrue);

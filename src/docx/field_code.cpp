@@ -154,7 +154,7 @@ bool MergeFieldCode::charFormat() const {
   return false;
 }
 
-std::string fieldKeyword(std::string_view instruction) {
+std::string_view fieldName(std::string_view instruction) {
   size_t pos = 0;
   while (pos < instruction.size() && isBlank(instruction[pos])) ++pos;
   size_t end = pos;
@@ -162,7 +162,11 @@ std::string fieldKeyword(std::string_view instruction) {
          instruction[end] != '"') {
     ++end;
   }
-  return upperAscii(instruction.substr(pos, end - pos));
+  return instruction.substr(pos, end - pos);
+}
+
+std::string fieldKeyword(std::string_view instruction) {
+  return upperAscii(fieldName(instruction));
 }
 
 namespace {
@@ -231,6 +235,11 @@ std::optional<MergeFieldCode> parseSwitchedField(std::string_view instruction,
 
 std::optional<MergeFieldCode> parseMergeField(std::string_view instruction) {
   return parseSwitchedField(instruction, "MERGEFIELD", true);
+}
+
+std::optional<MergeFieldCode> parseNamedField(std::string_view instruction,
+                                              std::string_view keyword) {
+  return parseSwitchedField(instruction, keyword, true);
 }
 
 std::optional<MergeFieldCode> parseCounterField(std::string_view instruction,

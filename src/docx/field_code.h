@@ -34,6 +34,11 @@ std::string fieldKeyword(std::string_view instruction);
 // Parses a MERGEFIELD instruction. Nothing when the instruction is another field or has no
 // name. Unknown switches are skipped with their argument.
 std::optional<MergeFieldCode> parseMergeField(std::string_view instruction);
+// Parses a field of the keyword (upper-case) that takes a name, as MERGEFIELD does (REF).
+std::optional<MergeFieldCode> parseNamedField(std::string_view instruction,
+                                              std::string_view keyword);
+// The first word of an instruction as written (a bare bookmark name: "{ Greeting }").
+std::string_view fieldName(std::string_view instruction);
 // Parses a field without a name whose value is a number the merge counts (MERGEREC, MERGESEQ:
 // the keyword, upper-case): its switches, with an empty name. Nothing for another field.
 std::optional<MergeFieldCode> parseCounterField(std::string_view instruction,

@@ -10,9 +10,13 @@
 
 #include "docx/conditional_fields.h"
 #include "docx/xml_writer.h"
+#include "runtime/text.h"
 
 namespace nvwm::docx {
 namespace {
+
+// A variable's name as the copy's table keys it: upper case.
+std::string variableKey(std::string_view name) { return UCase(name); }
 
 // A numeric id moved on by `copy` strides; any other id as it is.
 std::string shifted(std::string_view id, size_t copy, long stride) {
@@ -97,7 +101,7 @@ class MergeRun {
   size_t run() {
     sink_.append(compiled_.mainPart, compiled_.body.prefix);
     while (!cursor_.atEnd()) {
-      RenderState state{cursor_, cursor_.index(), merged_};
+      RenderState state{cursor_, cursor_.index(), merged_, {}};
       if (renderCopy(state)) {
         commitCopy();
         merged_ += std::min(state.cursor.index(), data_.rowCount() - 1) - state.copyFirstRecord + 1;
@@ -142,7 +146,7 @@ class MergeRun {
 
   // The section properties that end a copy.
   void renderSection(size_t copy, std::string& out) {
-    RenderState state{cursor_, cursor_.index(), merged_};
+    RenderState state{cursor_, cursor_.index(), merged_, {}};
     section_.render(state, CopyReferences(compiled_, headerOfRelationship_, copy), out);
   }
 
@@ -176,7 +180,7 @@ class MergeRun {
   // the body; the notes stay as they are.
   void writeWithoutRecords() {
     KeepReferences keep;
-    RenderState state{cursor_, cursor_.index(), merged_};
+    RenderState state{cursor_, cursor_.index(), merged_, {}};
     std::string xml = "<w:p/>";
     section_.render(state, keep, xml);
     sink_.append(compiled_.mainPart, xml);
@@ -262,6 +266,14 @@ std::string BoundProgram::valueText(uint32_t field, const RenderState& state) co
       return formatMergeValue(slot.code,
                               Variant(static_cast<double>(state.mergedBefore + cursor.index() -
                                                           state.copyFirstRecord + 1)));
+    case FieldSource::kVariable: {
+      auto it = state.variables.find(variableKey(slot.code.name));
+      if (it == state.variables.end()) return std::string(kMissingReferenceText);
+      return formatMergeValue(slot.code, Variant(it->second));
+    }
+    case FieldSource::kText:
+      return formatMergeValue(
+          slot.code, Variant(operandText(program_.texts[static_cast<size_t>(slot.text)], state)));
   }
   return {};
 }
@@ -278,19 +290,20 @@ const std::string& BoundProgram::runs(uint32_t field, const RenderState& state) 
   return out;
 }
 
+std::string BoundProgram::operandText(const Operand& operand, const RenderState& state) const {
+  std::string out;
+  for (const Operand::Part& part : operand.parts) {
+    if (part.field >= 0)
+      out += valueText(static_cast<uint32_t>(part.field), state);
+    else
+      out += part.text;
+  }
+  return out;
+}
+
 bool BoundProgram::holds(const Condition& condition, const RenderState& state) const {
-  auto text = [&](const Operand& operand) {
-    std::string out;
-    for (const Operand::Part& part : operand.parts) {
-      if (part.field >= 0)
-        out += valueText(static_cast<uint32_t>(part.field), state);
-      else
-        out += part.text;
-    }
-    return out;
-  };
-  return compareTexts(condition.comparison, text(condition.left), text(condition.right),
-                      condition.right.quoted);
+  return compareTexts(condition.comparison, operandText(condition.left, state),
+                      operandText(condition.right, state), condition.right.quoted);
 }
 
 RenderEnd BoundProgram::render(RenderState& state, const ReferenceResolver& references,
@@ -333,6 +346,11 @@ RenderEnd BoundProgram::render(RenderState& state, const ReferenceResolver& refe
       case OpKind::kSkipIf:
         if (holds(program_.conditions[op.index], state)) return RenderEnd::kSkipped;
         break;
+      case OpKind::kSet: {
+        const Assignment& a = program_.assignments[op.index];
+        state.variables[variableKey(a.name)] = operandText(a.value, state);
+        break;
+      }
     }
   }
   return RenderEnd::kDone;

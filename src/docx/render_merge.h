@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "docx/compile_template.h"
@@ -40,6 +41,9 @@ struct RenderState {
   RecordCursor cursor;         // moved on by NEXT and NEXTIF
   size_t copyFirstRecord = 0;  // the record the copy began with
   size_t mergedBefore = 0;     // records merged into the copies before this one
+  // What SET and ASK gave each name in this copy, by the name in upper case (Word's names
+  // match whatever their case).
+  std::unordered_map<std::string, std::string> variables;
 };
 
 // How the rendering of a program ended.
@@ -78,6 +82,7 @@ class BoundProgram {
   std::string valueText(uint32_t field, const RenderState& state) const;
   const std::string& runs(uint32_t field, const RenderState& state);
   bool holds(const Condition& condition, const RenderState& state) const;
+  std::string operandText(const Operand& operand, const RenderState& state) const;
 
   const MergeProgram& program_;
   std::vector<std::optional<size_t>> columns_;

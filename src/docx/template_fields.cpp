@@ -42,6 +42,7 @@
 #include "docx/field_code.h"
 #include "docx/xml_tree.h"
 #include "docx/xml_writer.h"
+#include "runtime/text.h"
 
 namespace nvwm::docx {
 namespace {
@@ -261,6 +262,7 @@ void TemplateFields::find(pugi::xml_node root, bool suppressBlankLines, MergePro
     Scratch scratch(root);
     Search search{program, scratch, {}, {}, {}, {}};
     collectComplexFields(root, search);
+    collectVariableNames(root, search);
     // Simple fields first: a complex field around one reads its plan.
     std::vector<pugi::xml_node> simple;
     forEachElement(root, [&](pugi::xml_node n) {
@@ -317,6 +319,7 @@ void TemplateFields::find(pugi::xml_node root, bool suppressBlankLines, MergePro
         standIns_.erase(n.internal_object());
     }
     placed_ = std::move(kept);
+    removeVariableBookmarks(root, scratch);
   }
   if (suppressBlankLines) groupBlankLines(root, program);
 }
@@ -384,6 +387,48 @@ std::optional<uint32_t> TemplateFields::planField(
     slot.source = keyword == "MERGEFIELD" ? FieldSource::kColumn
                   : keyword == "MERGEREC" ? FieldSource::kRecordNumber
                                           : FieldSource::kSequenceNumber;
+    slot.inInstruction = inInstruction;
+    pugi::xml_node formatRun = code->charFormat() || !runs.result ? runs.instruction : runs.result;
+    slot.runProperties = runPropertiesOf(formatRun ? formatRun : runs.fallback);
+    slot.code = std::move(*code);
+    plan.kind = FieldPlan::Kind::kValue;
+    plan.index = static_cast<uint32_t>(program.fields.size());
+    program.fields.push_back(std::move(slot));
+  } else if (keyword == "SET" || keyword == "ASK") {
+    // SET name value; ASK name prompt \d default, answered with its default.
+    std::vector<InstructionWord> words = splitInstruction(instructionParts());
+    std::optional<std::string> name = words.size() >= 2 ? words[1].plainText() : std::nullopt;
+    if (!name || name->empty() || !cut()) return std::nullopt;
+    Assignment assignment;
+    assignment.name = *name;
+    if (keyword == "ASK")
+      assignment.value = defaultOf(search, words);
+    else if (words.size() >= 3)
+      assignment.value = operandOf(search, words[2]);
+    plan.kind = FieldPlan::Kind::kSet;
+    plan.index = static_cast<uint32_t>(program.assignments.size());
+    program.assignments.push_back(std::move(assignment));
+  } else if (keyword == "FILLIN" ||
+             ((keyword == "REF" || variableNames_.count(UCase(keyword)) > 0) && [&] {
+               // REF stays a field unless SET or ASK gives its name a value here.
+               if (keyword != "REF") return true;
+               std::vector<InstructionWord> words = splitInstruction(instructionParts());
+               std::optional<std::string> name =
+                   words.size() >= 2 ? words[1].plainText() : std::nullopt;
+               return name && variableNames_.count(UCase(*name)) > 0;
+             }())) {
+    std::optional<MergeFieldCode> code = keyword == "REF" ? parseNamedField(instruction, keyword)
+                                                          : parseCounterField(instruction, keyword);
+    if (!code || !cut()) return std::nullopt;
+    FieldSlot slot;
+    if (keyword == "FILLIN") {
+      slot.source = FieldSource::kText;
+      slot.text = static_cast<int32_t>(program.texts.size());
+      program.texts.push_back(defaultOf(search, splitInstruction(instructionParts())));
+    } else {
+      slot.source = FieldSource::kVariable;
+      if (keyword != "REF") code->name = std::string(fieldName(instruction));
+    }
     slot.inInstruction = inInstruction;
     pugi::xml_node formatRun = code->charFormat() || !runs.result ? runs.instruction : runs.result;
     slot.runProperties = runPropertiesOf(formatRun ? formatRun : runs.fallback);
@@ -478,6 +523,53 @@ std::vector<FieldPlan::Piece> TemplateFields::resultOf(Search& search,
     pieces.push_back(std::move(piece));
   }
   return pieces;
+}
+
+void TemplateFields::collectVariableNames(pugi::xml_node root, const Search& search) {
+  auto note = [&](std::string_view instruction) {
+    std::string keyword = fieldKeyword(instruction);
+    if (keyword != "SET" && keyword != "ASK") return;
+    InstructionPart part;
+    part.text = std::string(instruction);
+    std::vector<InstructionWord> words = splitInstruction({part});
+    if (words.size() < 2) return;
+    if (std::optional<std::string> name = words[1].plainText()) variableNames_.insert(UCase(*name));
+  };
+  forEachElement(root, [&](pugi::xml_node n) {
+    if (named(n, "w:fldSimple")) note(n.attribute("w:instr").value());
+  });
+  for (const Frame& f : search.done) note(f.instruction);
+}
+
+// Word marks where SET and ASK stand with a bookmark of the name; the merged document has no
+// such field left, so the bookmark goes too.
+void TemplateFields::removeVariableBookmarks(pugi::xml_node root, Scratch& scratch) const {
+  if (variableNames_.empty()) return;
+  std::vector<pugi::xml_node> starts, ends;
+  forEachElement(root, [&](pugi::xml_node n) {
+    if (named(n, "w:bookmarkStart")) starts.push_back(n);
+    if (named(n, "w:bookmarkEnd")) ends.push_back(n);
+  });
+  std::unordered_set<std::string> ids;
+  for (pugi::xml_node n : starts) {
+    if (!scratch.inTree(n) || variableNames_.count(UCase(n.attribute("w:name").value())) == 0)
+      continue;
+    ids.insert(n.attribute("w:id").value());
+    scratch.discard(n);
+  }
+  for (pugi::xml_node n : ends) {
+    if (scratch.inTree(n) && ids.count(n.attribute("w:id").value()) > 0) scratch.discard(n);
+  }
+}
+
+Operand TemplateFields::defaultOf(Search& search, const std::vector<InstructionWord>& words) const {
+  for (size_t i = 1; i + 1 < words.size(); ++i) {
+    std::optional<std::string> text = words[i].plainText();
+    if (!words[i].quoted && text && (*text == "\\d" || *text == "\\D")) {
+      return operandOf(search, words[i + 1]);
+    }
+  }
+  return {};
 }
 
 void TemplateFields::groupBlankLines(pugi::xml_node root, MergeProgram& program) {

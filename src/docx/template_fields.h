@@ -24,6 +24,7 @@ struct FieldPlan {
     kNextRecord,  // NEXT
     kNextIf,      // NEXTIF: condition `index`
     kSkipIf,      // SKIPIF: condition `index`
+    kSet,         // SET, ASK: assignment `index` (program.assignments)
   };
   // A piece of an IF's result: runs of its text, in the formatting of the runs it was written
   // in, or a field nested there.
@@ -41,7 +42,9 @@ struct FieldPlan {
 class TemplateFields {
  public:
   // Finds the fields under root that the merge evaluates (MERGEFIELD, MERGEREC, MERGESEQ, IF,
-  // NEXT, NEXTIF, SKIPIF; simple and complex), adds their fields and conditions to the program
+  // NEXT, NEXTIF, SKIPIF, SET, ASK, FILLIN, and REF or a bare name when SET or ASK of the same
+  // subtree gives it a value; simple and complex), removes the bookmarks of the names SET and
+  // ASK give values, adds their fields and conditions to the program
   // and removes what a field spans but its first node, which then stands for it. Other fields
   // stay, with the merge fields inside them found. suppressBlankLines: a paragraph that holds
   // nothing but merge fields becomes a group of program.groups. May be called on several
@@ -81,6 +84,11 @@ class TemplateFields {
   Operand operandOf(Search& search, const InstructionWord& word) const;
   std::vector<FieldPlan::Piece> resultOf(Search& search, const InstructionWord& word);
   void groupBlankLines(pugi::xml_node root, MergeProgram& program);
+  // The names SET and ASK give values under root, upper case.
+  void collectVariableNames(pugi::xml_node root, const Search& search);
+  void removeVariableBookmarks(pugi::xml_node root, Scratch& scratch) const;
+  // The word after a \d switch: the default of ASK and FILLIN.
+  Operand defaultOf(Search& search, const std::vector<InstructionWord>& words) const;
 
   std::vector<FieldPlan> plans_;
   std::unordered_map<const void*, uint32_t> standIns_;
@@ -88,6 +96,7 @@ class TemplateFields {
   std::unordered_map<const void*, uint32_t> groups_;
   // The nodes that stand for the fields of the subtree being searched.
   std::vector<pugi::xml_node> placed_;
+  std::unordered_set<std::string> variableNames_;
 };
 
 }  // namespace nvwm::docx
