@@ -247,6 +247,17 @@ std::optional<MergeFieldCode> parseCounterField(std::string_view instruction,
   return parseSwitchedField(instruction, keyword, false);
 }
 
+std::string fieldArgumentText(std::string_view value, bool wrap) {
+  std::string out;
+  if (wrap) out += '"';
+  for (char c : value) {
+    if (c == '"' || c == '\\') out += '\\';
+    out += c;
+  }
+  if (wrap) out += '"';
+  return out;
+}
+
 std::string plainValueText(const Variant& value) {
   if (value.isNull() || value.isEmpty() || value.isMissing()) return {};
   if (value.isString()) return value.stringValue();

@@ -48,6 +48,10 @@ std::optional<MergeFieldCode> parseCounterField(std::string_view instruction,
 inline constexpr std::string_view kSwitchArgumentMissingText =
     "Error! Switch argument not specified.";
 
+// A value written as an argument of a field instruction: " and \ escaped with \, and in
+// quotes of its own when wrap is set ("Lee \"Jr\" & Co").
+std::string fieldArgumentText(std::string_view value, bool wrap);
+
 // The text of a merged value: the switches applied to the value as Word applies them
 // (\# or \@ first, then \*, then \b and \f around a non-empty result).
 // A switch without its argument gives kSwitchArgumentMissingText.

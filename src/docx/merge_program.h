@@ -27,6 +27,9 @@ enum class FieldSource : uint8_t {
   kText,            // FILLIN: its default text (FieldSlot::text), shown without prompting
 };
 
+// Where a field nested in another's instruction stands.
+enum class InstructionPlace : uint8_t { kBare, kQuoted, kFormula };
+
 // One field of a part that shows a value.
 struct FieldSlot {
   MergeFieldCode code;  // for kVariable, code.name is the variable's name
@@ -34,6 +37,10 @@ struct FieldSlot {
   int32_t text = -1;           // kText: the operand (MergeProgram::texts) it shows
   std::string runProperties;   // the w:rPr the result runs take (serialized), may be empty
   bool inInstruction = false;  // stands inside another field's instruction
+  // There, how its value is written so that the field around it, updated later, reads it
+  // whole: in quotes of its own (kBare), escaped inside the quotes it stands in (kQuoted), or
+  // as it is in a formula (=), which reads numbers.
+  InstructionPlace place = InstructionPlace::kBare;
 };
 
 // The comparison of IF, NEXTIF and SKIPIF.

@@ -286,7 +286,11 @@ const std::string& BoundProgram::runs(uint32_t field, const RenderState& state) 
   if (slot.source == FieldSource::kColumn && madeFor_[field] == key) return out;
   madeFor_[field] = key;
   out.clear();
-  appendRuns(out, slot.runProperties, valueText(field, state), slot.inInstruction);
+  std::string text = valueText(field, state);
+  if (slot.inInstruction && slot.place != InstructionPlace::kFormula) {
+    text = fieldArgumentText(text, slot.place == InstructionPlace::kBare);
+  }
+  appendRuns(out, slot.runProperties, text, slot.inInstruction);
   return out;
 }
 

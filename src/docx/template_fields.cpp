@@ -203,6 +203,24 @@ std::string shownText(pugi::xml_node n) {
 
 }  // namespace
 
+namespace {
+
+// Where a field nested in an instruction stands, from the instruction's text before it: in a
+// formula (=), inside quotes (an odd number of quotes not escaped), or bare.
+InstructionPlace placeIn(std::string_view instructionBefore) {
+  if (fieldKeyword(instructionBefore).starts_with("=")) return InstructionPlace::kFormula;
+  bool quoted = false;
+  for (size_t i = 0; i < instructionBefore.size(); ++i) {
+    if (instructionBefore[i] == '\\')
+      ++i;
+    else if (instructionBefore[i] == '"')
+      quoted = !quoted;
+  }
+  return quoted ? InstructionPlace::kQuoted : InstructionPlace::kBare;
+}
+
+}  // namespace
+
 // A complex field as the walk finds it.
 struct TemplateFields::Frame {
   // A piece of its own instruction: the text of a w:instrText, or a field nested there.
@@ -219,6 +237,7 @@ struct TemplateFields::Frame {
   uint32_t depth = 1;      // fields nested in its instruction, it included
   bool inResult = false;
   bool insideInstruction = false;  // this field stands in another one's instruction
+  InstructionPlace place = InstructionPlace::kBare;  // where, when it does
 };
 
 // One find(). Nested fields are named by ids: complex field k of `done` is 2k, simple field j
@@ -229,7 +248,7 @@ struct TemplateFields::Search {
   std::vector<Frame> done;           // complex fields, in the order they end: inner ones first
   std::vector<int32_t> planOfFrame;  // -1: none
   std::vector<pugi::xml_node> nestedSimple;
-  std::unordered_set<const void*> simpleInInstruction;
+  std::unordered_map<const void*, InstructionPlace> simpleInInstruction;
 
   int32_t nestFrame(size_t k) { return static_cast<int32_t>(2 * k); }
   int32_t nestSimple(pugi::xml_node n) {
@@ -277,7 +296,9 @@ void TemplateFields::find(pugi::xml_node root, bool suppressBlankLines, MergePro
         part.runProperties = runPropertiesOf(run);
         return std::vector<InstructionPart>{std::move(part)};
       };
-      bool inInstruction = search.simpleInInstruction.count(n.internal_object()) > 0;
+      auto where = search.simpleInInstruction.find(n.internal_object());
+      std::optional<InstructionPlace> inInstruction;
+      if (where != search.simpleInInstruction.end()) inInstruction = where->second;
       auto plan = planField(search, instruction, parts, {run, run, run}, inInstruction, 1,
                             [] { return true; });
       if (!plan) continue;
@@ -303,8 +324,9 @@ void TemplateFields::find(pugi::xml_node root, bool suppressBlankLines, MergePro
         return out;
       };
       auto plan = planField(search, f.instruction, parts,
-                            {f.firstInstructionRun, f.firstResultRun, f.begin}, f.insideInstruction,
-                            f.depth, [&] { return cutStretch(f.begin, f.end, scratch); });
+                            {f.firstInstructionRun, f.firstResultRun, f.begin},
+                            f.insideInstruction ? std::optional(f.place) : std::nullopt, f.depth,
+                            [&] { return cutStretch(f.begin, f.end, scratch); });
       if (!plan) continue;
       search.planOfFrame[k] = static_cast<int32_t>(*plan);
       place(f.begin, *plan);
@@ -343,6 +365,7 @@ void TemplateFields::collectComplexFields(pugi::xml_node root, Search& search) {
         Frame f;
         f.begin = run;
         f.insideInstruction = inInstruction();
+        if (f.insideInstruction) f.place = placeIn(open.back().instruction);
         open.push_back(std::move(f));
       } else if (type == "separate" && !open.empty()) {
         open.back().inResult = true;
@@ -357,7 +380,7 @@ void TemplateFields::collectComplexFields(pugi::xml_node root, Search& search) {
         search.done.push_back(std::move(f));
       }
     } else if (named(n, "w:fldSimple") && inInstruction()) {
-      search.simpleInInstruction.insert(n.internal_object());
+      search.simpleInInstruction.emplace(n.internal_object(), placeIn(open.back().instruction));
       open.back().pieces.push_back({{}, {}, search.nestSimple(n)});
     } else if (named(n, "w:instrText") && inInstruction()) {
       Frame& f = open.back();
@@ -375,7 +398,7 @@ void TemplateFields::collectComplexFields(pugi::xml_node root, Search& search) {
 std::optional<uint32_t> TemplateFields::planField(
     Search& search, std::string_view instruction,
     const std::function<std::vector<InstructionPart>()>& instructionParts, FormatRuns runs,
-    bool inInstruction, uint32_t depth, const std::function<bool()>& cut) {
+    std::optional<InstructionPlace> inInstruction, uint32_t depth, const std::function<bool()>& cut) {
   MergeProgram& program = search.program;
   std::string keyword = fieldKeyword(instruction);
   FieldPlan plan;
@@ -387,7 +410,8 @@ std::optional<uint32_t> TemplateFields::planField(
     slot.source = keyword == "MERGEFIELD" ? FieldSource::kColumn
                   : keyword == "MERGEREC" ? FieldSource::kRecordNumber
                                           : FieldSource::kSequenceNumber;
-    slot.inInstruction = inInstruction;
+    slot.inInstruction = inInstruction.has_value();
+    if (inInstruction) slot.place = *inInstruction;
     pugi::xml_node formatRun = code->charFormat() || !runs.result ? runs.instruction : runs.result;
     slot.runProperties = runPropertiesOf(formatRun ? formatRun : runs.fallback);
     slot.code = std::move(*code);
@@ -429,7 +453,8 @@ std::optional<uint32_t> TemplateFields::planField(
       slot.source = FieldSource::kVariable;
       if (keyword != "REF") code->name = std::string(fieldName(instruction));
     }
-    slot.inInstruction = inInstruction;
+    slot.inInstruction = inInstruction.has_value();
+    if (inInstruction) slot.place = *inInstruction;
     pugi::xml_node formatRun = code->charFormat() || !runs.result ? runs.instruction : runs.result;
     slot.runProperties = runPropertiesOf(formatRun ? formatRun : runs.fallback);
     slot.code = std::move(*code);

@@ -73,12 +73,14 @@ class TemplateFields {
   // Makes n stand for the plan.
   void place(pugi::xml_node n, uint32_t plan);
   // The plan of a field, when the merge evaluates it and cut() takes what it spans out of the
-  // tree (cut is called only once the field is known to be one the merge evaluates). depth:
+  // tree (cut is called only once the field is known to be one the merge evaluates).
+  // inInstruction: where it stands in another field's instruction, if it does. depth:
   // how many fields deep its instruction nests, it included.
   std::optional<uint32_t> planField(
       Search& search, std::string_view instruction,
       const std::function<std::vector<InstructionPart>()>& instructionParts, FormatRuns runs,
-      bool inInstruction, uint32_t depth, const std::function<bool()>& cut);
+      std::optional<InstructionPlace> inInstruction, uint32_t depth,
+      const std::function<bool()>& cut);
   std::optional<uint32_t> nestedPlan(Search& search, int32_t id) const;
   std::string nestedText(Search& search, int32_t id) const;
   Operand operandOf(Search& search, const InstructionWord& word) const;
