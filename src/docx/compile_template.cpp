@@ -13,6 +13,7 @@
 #include <cstdio>
 #include <cstring>
 
+#include "docx/field_code.h"
 #include "docx/template_fields.h"
 #include "docx/xml_characters.h"
 #include "docx/xml_tree.h"
@@ -92,6 +93,23 @@ bool hasReference(pugi::xml_node element, bool allKinds) {
   return false;
 }
 
+// Where the bookmark name of a REF, PAGEREF or NOTEREF instruction stands in it (offset,
+// size), when the instruction is whole in this text. A name in quotes or cut over runs is
+// left as written.
+std::optional<std::pair<size_t, size_t>> bookmarkNameIn(std::string_view instruction) {
+  std::string keyword = fieldKeyword(instruction);
+  if (keyword != "REF" && keyword != "PAGEREF" && keyword != "NOTEREF") return std::nullopt;
+  size_t pos = instruction.find_first_not_of(" \t\r\n");
+  pos = instruction.find_first_of(" \t\r\n", pos);
+  if (pos == std::string_view::npos) return std::nullopt;
+  pos = instruction.find_first_not_of(" \t\r\n", pos);
+  if (pos == std::string_view::npos || instruction[pos] == '"' || instruction[pos] == '\\')
+    return std::nullopt;
+  size_t end = instruction.find_first_of(" \t\r\n\\", pos);
+  if (end == std::string_view::npos) end = instruction.size();
+  return std::pair{pos, end - pos};
+}
+
 // Writes subtrees of a parsed part into a program.
 class ProgramWriter {
  public:
@@ -123,6 +141,12 @@ class ProgramWriter {
   // One lookup per node on the way down; the way up reads what it found.
   bool enter(pugi::xml_node n) {
     if (n.type() != pugi::node_element) {
+      if (references_ && n.type() == pugi::node_pcdata && named(n.parent(), "w:instrText")) {
+        if (auto name = bookmarkNameIn(n.value())) {
+          writeInstruction(n.value(), *name, false);
+          return false;
+        }
+      }
       appendOpening(program_.xml(), n, true);
       return false;
     }
@@ -135,6 +159,25 @@ class ProgramWriter {
       standIn_ = n;
       writePlan(*plan);
       return false;
+    }
+    if (references_ && named(n, "w:fldSimple")) {
+      pugi::xml_attribute instr = n.attribute("w:instr");
+      if (auto name = bookmarkNameIn(instr.value())) {
+        std::string& out = program_.xml();
+        out += '<';
+        out += n.name();
+        for (pugi::xml_attribute a : n.attributes()) {
+          if (a != instr) {
+            appendAttribute(out, a);
+            continue;
+          }
+          out += " w:instr=\"";
+          writeInstruction(a.value(), *name, true);
+          program_.xml() += '"';
+        }
+        program_.xml() += n.first_child() ? ">" : "/>";
+        return static_cast<bool>(n.first_child());
+      }
     }
     bool leaf = !n.first_child();
     if (!hasReference(n, references_)) {
@@ -161,6 +204,19 @@ class ProgramWriter {
     }
     out += leaf ? "/>" : ">";
     return !leaf;
+  }
+
+  // An instruction that names a bookmark, the name a reference (each copy points at its own).
+  void writeInstruction(std::string_view text, std::pair<size_t, size_t> name, bool attribute) {
+    auto escaped = [&](std::string_view piece) {
+      if (attribute)
+        appendEscapedAttribute(program_.xml(), piece);
+      else
+        appendEscapedText(program_.xml(), piece);
+    };
+    escaped(text.substr(0, name.first));
+    program_.appendReference(RefKind::kBookmarkName, text.substr(name.first, name.second));
+    escaped(text.substr(name.first + name.second));
   }
 
   // What a field becomes: its value, its record moves, or an IF's test and its two results:

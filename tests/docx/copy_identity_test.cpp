@@ -73,6 +73,23 @@ TEST_F(CopyIdentityTest, EveryCopyGetsBookmarkNamesOfItsOwnAndItsLinksFollow) {
   EXPECT_EQ(values(*doc, "//w:bookmarkStart/@w:id"), (std::vector<std::string>{"0", "1", "2"}));
 }
 
+// A cross-reference in a letter points at its own letter's bookmark, not the first letter's.
+TEST_F(CopyIdentityTest, CrossReferencesPointAtTheirOwnCopy) {
+  DocxParts parts;
+  parts.body = para("<w:bookmarkStart w:id=\"0\" w:name=\"Fee\"/>" +
+                    simpleField(" MERGEFIELD Name ") + "<w:bookmarkEnd w:id=\"0\"/>") +
+               para(run("see ") + simpleField(" REF Fee \\h ", "R") + run(" on page ") +
+                    complexField({" PAGEREF Fee \\h "}, "1"));
+  auto doc = merged(parts, 3);
+  EXPECT_EQ(values(*doc, "//w:fldSimple/@w:instr"),
+            (std::vector<std::string>{" REF Fee \\h ", " REF Fee_2 \\h ", " REF Fee_3 \\h "}));
+  std::vector<std::string> pagerefs;
+  for (const auto& n : doc->select_nodes("//w:instrText"))
+    pagerefs.emplace_back(n.node().child_value());
+  EXPECT_EQ(pagerefs, (std::vector<std::string>{" PAGEREF Fee \\h ", " PAGEREF Fee_2 \\h ",
+                                                " PAGEREF Fee_3 \\h "}));
+}
+
 TEST(CopyBookmarkNameTest, StaysWithinWordsFortyCharacters) {
   const struct {
     std::string name;
