@@ -398,7 +398,8 @@ void TemplateFields::collectComplexFields(pugi::xml_node root, Search& search) {
 std::optional<uint32_t> TemplateFields::planField(
     Search& search, std::string_view instruction,
     const std::function<std::vector<InstructionPart>()>& instructionParts, FormatRuns runs,
-    std::optional<InstructionPlace> inInstruction, uint32_t depth, const std::function<bool()>& cut) {
+    std::optional<InstructionPlace> inInstruction, uint32_t depth,
+    const std::function<bool()>& cut) {
   MergeProgram& program = search.program;
   std::string keyword = fieldKeyword(instruction);
   FieldPlan plan;
