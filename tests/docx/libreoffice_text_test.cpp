@@ -90,6 +90,15 @@ TEST_F(LibreOfficeTextTest, ShowsEachRecordsText) {
             para("<w:bookmarkStart w:id=\"7\" w:name=\"Terms\"/>" + run("net 30") +
                  "<w:bookmarkEnd w:id=\"7\"/>"),
         clients);
+  // Paragraph ids, bookmarks renamed per copy with the cross-references that follow them, and
+  // a merged value quoted inside a live HYPERLINK.
+  merge("identity",
+        std::string("<w:p w14:paraId=\"1A2B3C4D\">") +
+            "<w:bookmarkStart w:id=\"0\" w:name=\"Who\"/>" + mergeFieldOf("Name") +
+            "<w:bookmarkEnd w:id=\"0\"/></w:p>" +
+            para(run("see ") + complexField({" REF Who \\h "}, "x") + run(" at ") +
+                 fieldAround(instructionRun(" HYPERLINK ") + mergeFieldOf("Name"), "link")),
+        clients);
   convert();
 
   EXPECT_EQ(text("if-letter"),
@@ -107,6 +116,8 @@ TEST_F(LibreOfficeTextTest, ShowsEachRecordsText) {
             "Hello Ann Lee, re your account, terms net 30\nnet 30\n"
             "Hello Bob Ray, re your account, terms net 30\nnet 30\n"
             "Hello Cy Tan, re your account, terms net 30\nnet 30\n");
+  EXPECT_EQ(text("identity"),
+            "Ann Lee\nsee x at link\nBob Ray\nsee x at link\nCy Tan\nsee x at link\n");
 }
 
 }  // namespace
