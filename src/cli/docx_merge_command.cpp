@@ -21,8 +21,12 @@ void registerDocxMerge(CLI::App& app) {
   cmd->add_option("--out", options->out, "The merged .docx to write")->required();
   cmd->callback([options] {
     try {
-      size_t merged =
-          wordengine::mergeFiles(options->templatePath, options->data, options->table, options->out);
+      size_t merged = wordengine::mergeFiles(options->templatePath, options->data, options->table,
+                                             options->out);
+      if (merged == 0) {
+        std::cerr << "docx-merge: SKIPIF dropped every record; " << options->out
+                  << " holds an empty document\n";
+      }
       std::cout << "merged " << merged << (merged == 1 ? " record" : " records") << " into "
                 << options->out << "\n";
       setExitCode(0);

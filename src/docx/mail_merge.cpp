@@ -237,7 +237,7 @@ bool suppressesBlankLines(Package& package) {
   return val == "0" || val == "false" || val == "off";
 }
 
-std::unique_ptr<Package> mergeDocument(Package& main, const MergeData& data) {
+std::unique_ptr<Package> mergeDocument(Package& main, const MergeData& data, size_t* copiesMade) {
   CompiledTemplate compiled = compileTemplate(main, suppressesBlankLines(main));
   std::unique_ptr<Package> out = main.clone();
   removeMailMergeLink(*out);
@@ -245,6 +245,7 @@ std::unique_ptr<Package> mergeDocument(Package& main, const MergeData& data) {
   size_t copies = renderMerge(compiled, data, sink);
   sink.finish();
   if (copies > 0) removeHeaderTemplates(*out, compiled);
+  if (copiesMade) *copiesMade = copies;
   return out;
 }
 
