@@ -19,6 +19,7 @@
 #include <array>
 #include <functional>
 
+#include "runtime/ascii.h"
 #include "runtime/error.h"
 #include "runtime/utf8.h"
 
@@ -28,8 +29,6 @@ namespace {
 [[noreturn]] void badArgument(std::string_view what) {
   raise(ErrorNumber::kInvalidProcedureCall, what);
 }
-
-constexpr char asciiLower(char c) { return c >= 'A' && c <= 'Z' ? char(c + ('a' - 'A')) : c; }
 
 // The full case folding of one code point, as UTF-8.
 struct Folding {
@@ -220,9 +219,6 @@ std::string mapCase(std::string_view s, char (*asciiMap)(char), Map map) {
   return out;
 }
 
-char asciiUpperChar(char c) { return c >= 'a' && c <= 'z' ? char(c - ('a' - 'A')) : c; }
-char asciiLowerChar(char c) { return asciiLower(c); }
-
 }  // namespace
 
 // ---- functions ----
@@ -317,12 +313,12 @@ std::string Trim(std::string_view s) {
 }
 
 std::string UCase(std::string_view s) {
-  return mapCase(s, asciiUpperChar,
+  return mapCase(s, asciiUpper,
                  [](icu::UnicodeString& u) { u.toUpper(icu::Locale::getRoot()); });
 }
 
 std::string LCase(std::string_view s) {
-  return mapCase(s, asciiLowerChar,
+  return mapCase(s, asciiLower,
                  [](icu::UnicodeString& u) { u.toLower(icu::Locale::getRoot()); });
 }
 
