@@ -11,6 +11,7 @@
 #include "services/default_factories.h"
 #include "runtime/clock.h"
 #include "services/word/word_engine.h"
+#include "support/scoped_env.h"
 #include "support/test_support.h"
 
 namespace nvwm::testing {
@@ -64,6 +65,16 @@ TEST_F(WordApplicationTest, VisibleSavesUnsavedDocumentsIntoTheOutputFolderAndRe
   other->Documents()->Add();
   other->Visible(true);
   EXPECT_TRUE(fs::exists(fs::path(folder) / "Document1 (2).docx"));
+}
+
+TEST_F(WordApplicationTest, WithoutAnOutputFolderDocumentsGoUnderTheProductsDataFolder) {
+  ScopedEnv xdg("XDG_DATA_HOME", dir_.path().c_str());
+  auto app = wordengine::createWordApplication({});
+  app->Documents()->Add();
+  ::testing::internal::CaptureStdout();
+  app->Visible(true);
+  ::testing::internal::GetCapturedStdout();
+  EXPECT_TRUE(fs::exists(dir_.path() / "nvwordmerge6" / "Documents" / "Document1.docx"));
 }
 
 TEST_F(WordApplicationTest, PrintOutRunsThePrintCommandWithTheDocument) {

@@ -29,6 +29,7 @@
 #include "docx/mail_merge.h"
 #include "docx/merge_template.h"
 #include "docx/package.h"
+#include "services/folder_locale.h"
 
 extern char** environ;
 
@@ -77,15 +78,7 @@ std::optional<std::string> onPath(const std::string& program) {
 }
 
 std::string defaultOutputFolder() {
-  const char* xdg = std::getenv("XDG_DATA_HOME");
-  fs::path base;
-  if (xdg && *xdg) {
-    base = xdg;
-  } else {
-    const char* home = std::getenv("HOME");
-    base = fs::path(home ? home : "/tmp") / ".local" / "share";
-  }
-  return (base / "nvwordmerge" / "Documents").string();
+  return (fs::path(productDataFolder()) / "Documents").string();
 }
 
 class EngineDocument;

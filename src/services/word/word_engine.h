@@ -53,8 +53,8 @@ struct WordEngineOptions {
   std::string version = "16.0";
   // When set, creating the application raises 429, as creating Word does where it is missing.
   bool failToStart = false;
-  // Where the default presenter saves documents that have no file yet; empty means
-  // $XDG_DATA_HOME/nvwordmerge/Documents (~/.local/share/... without XDG_DATA_HOME).
+  // Where the default presenter saves documents that have no file yet; empty means the
+  // "Documents" folder in productDataFolder() (services/folder_locale.h).
   std::string outputFolder;
   // Empty: the default presenter (savingPresenter into outputFolder, reporting on stdout).
   DocumentPresenter presenter;
