@@ -121,6 +121,13 @@ void lowerAsciiInto(std::string_view s, std::string& out) {
   std::transform(s.begin(), s.end(), out.begin(), asciiLower);
 }
 
+// True when a match of `size` bytes that starts on the character boundary p also ends on one.
+bool endsOnBoundary(std::string_view s, size_t p, size_t size) {
+  size_t e = p;
+  while (e < p + size) e += utf8::charLength(s, e);
+  return e == p + size;
+}
+
 // The first byte match of `needle` at or after `from` whose ends are character boundaries.
 // A well-formed needle can only match on boundaries (UTF-8 synchronises itself), so only a
 // needle with bad bytes needs the walk.
@@ -130,12 +137,7 @@ size_t findBinary(std::string_view s, std::string_view needle, size_t from, bool
   size_t cursor = from;
   while (p != std::string_view::npos) {
     while (cursor < p) cursor += utf8::charLength(s, cursor);
-    if (cursor == p) {
-      size_t e = p;
-      size_t end = p + needle.size();
-      while (e < end) e += utf8::charLength(s, e);
-      if (e == end) return p;
-    }
+    if (cursor == p && endsOnBoundary(s, p, needle.size())) return p;
     p = s.find(needle, p + 1);
   }
   return p;
@@ -148,12 +150,7 @@ size_t rfindBinary(std::string_view s, std::string_view needle, bool needleValid
   while (p != std::string_view::npos) {
     size_t cursor = 0;
     while (cursor < p) cursor += utf8::charLength(s, cursor);
-    if (cursor == p) {
-      size_t e = p;
-      size_t end = p + needle.size();
-      while (e < end) e += utf8::charLength(s, e);
-      if (e == end) return p;
-    }
+    if (cursor == p && endsOnBoundary(s, p, needle.size())) return p;
     if (p == 0) break;
     p = s.rfind(needle, p - 1);
   }
