@@ -1,5 +1,7 @@
 #include "catalogue_test_support.h"
 
+#include <fstream>
+
 #include "host/references.h"
 #include "services/default_factories.h"
 #include "runtime/convert.h"
@@ -92,6 +94,21 @@ std::vector<DumpedRow> dumpRows(IDList& list) {
 std::vector<std::string> displayNames(IDList& list) {
   std::vector<std::string> names;
   for (const DumpedRow& row : dumpRows(list)) names.push_back(row.columns[1]);
+  return names;
+}
+
+std::vector<std::string> goldenDisplayNames(const std::string& name) {
+  std::string path = std::string(NVWM_SOURCE_DIR) + "/tests/catalogue/data/" + name + ".tsv";
+  std::ifstream in(path);
+  EXPECT_TRUE(in) << "no golden file " << path;
+  std::vector<std::string> names;
+  for (std::string line; std::getline(in, line);) {
+    // key, DatabaseField, DisplayName, ...
+    size_t first = line.find('\t');
+    size_t second = line.find('\t', first + 1);
+    size_t third = line.find('\t', second + 1);
+    names.push_back(line.substr(second + 1, third - second - 1));
+  }
   return names;
 }
 

@@ -106,6 +106,11 @@ struct DumpedRow {
 std::vector<DumpedRow> dumpRows(IDList& list);
 std::vector<std::string> displayNames(IDList& list);
 
+// The display names of a golden field list, tests/catalogue/data/<name>.tsv (the output of
+// `nvwordmerge fields`, which the fields_list_type_N tests check): "fields-1-canada" is the list
+// of list type 1 in Ontario, "fields-4-canada" the firm's rows alone.
+std::vector<std::string> goldenDisplayNames(const std::string& name);
+
 // The environment of a catalogue build: fresh references with a recording error service, a
 // host-set locale, a clock fixed on a date, and the default factories.
 class CatalogueEnvironment {
