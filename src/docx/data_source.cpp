@@ -86,11 +86,13 @@ std::vector<std::vector<std::string>> splitCsvRecords(const std::string& path,
     char c = text[i];
     if (c == '"' && !fieldStarted) {
       fieldStarted = true;
+      size_t openedOn = line;
       ++i;
       for (;;) {
-        if (i >= text.size())
-          sourceError(path,
-                      "a quoted value opened on line " + std::to_string(line) + " is never closed");
+        if (i >= text.size()) {
+          sourceError(path, "a quoted value opened on line " + std::to_string(openedOn) +
+                                " is never closed");
+        }
         if (text[i] == '"') {
           if (i + 1 < text.size() && text[i + 1] == '"') {
             field += '"';
