@@ -8,9 +8,8 @@
 namespace nvwm::testing {
 namespace {
 
-constexpr const char* kCustomFields = "SELECT CustomFields.* FROM CustomFields;";
-constexpr const char* kCustomAddressFields =
-    "SELECT CustomAddressFields.* FROM CustomAddressFields;";
+constexpr const char* kCustomFields = "CustomFields";
+constexpr const char* kCustomAddressFields = "CustomAddressFields";
 
 std::vector<DumpedRow> rowsOf(clsInsertFieldsInRTB& catalogue, const std::string& category,
                               const std::string& databaseFieldPrefix) {
@@ -31,17 +30,14 @@ std::vector<std::string> names(const std::vector<DumpedRow>& rows) {
 
 class CustomLabelsTest : public ::testing::Test {
  protected:
-  CustomLabelsTest() {
-    fake->addUntouchedLabels();
-    references().DatabaseReference = db;
-  }
-  void setLabel(const char* sql, const std::string& column, Variant value) {
-    fake->tables[sql].front()[column] = std::move(value);
+  CustomLabelsTest() { references().DatabaseReference = db; }
+  void setLabel(const char* table, const std::string& column, const Variant& value) {
+    labels.setLabel(table, column, value);
   }
 
   CatalogueEnvironment env;
-  std::shared_ptr<FakeLabelDatabase> fake = std::make_shared<FakeLabelDatabase>();
-  std::shared_ptr<RecordingDatabase> db = std::make_shared<RecordingDatabase>(fake);
+  LabelDatabase labels;
+  std::shared_ptr<RecordingDatabase> db = labels.db;
 };
 
 TEST_F(CustomLabelsTest, LabelsLoseATrailingColonAndUntouchedOnesFallBack) {
@@ -99,8 +95,7 @@ TEST_F(CustomLabelsTest, EveryBlockReadsItsOwnLabelColumns) {
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.column);
-    fake->tables.clear();
-    fake->addUntouchedLabels();
+    labels.resetLabels();
     setLabel(c.sql, c.column,
              Variant(std::string(c.display).substr(std::string(c.category) == "FirmInfo" ? 5 : 0)));
     auto catalogue = env.build(c.listType);
@@ -125,9 +120,9 @@ TEST_F(CustomLabelsTest, UntouchedFirmLabelsReadAsYourCompanyCustomField) {
 }
 
 TEST_F(CustomLabelsTest, EmptyCustomFieldsTableGivesNoCustomRowAtAll) {
-  fake->tables[kCustomFields].clear();
+  labels.practice.exec("DELETE FROM CustomFields;");
   auto withoutLabels = env.build(5);
-  fake->addUntouchedLabels();
+  labels.resetLabels();
   auto withLabels = env.build(5);
   std::vector<DumpedRow> without = dumpRows(*withoutLabels->FieldListStructure());
   std::vector<DumpedRow> with = dumpRows(*withLabels->FieldListStructure());
@@ -150,7 +145,7 @@ TEST_F(CustomLabelsTest, LabelQueriesAreClosedAfterReading) {
 }
 
 TEST_F(CustomLabelsTest, WithoutConnectionTheDefaultRowsStandIn) {
-  fake->connected = false;
+  db->connected = false;
   auto catalogue = env.build(1);
   std::vector<DumpedRow> rows = rowsOf(*catalogue, "ClientInfo", "ClientCustom");
   ASSERT_EQ(rows.size(), 5u);
@@ -168,7 +163,7 @@ TEST_F(CustomLabelsTest, WithoutConnectionTheDefaultRowsStandIn) {
 }
 
 TEST_F(CustomLabelsTest, FifthDefaultCalendarRowIsStoredUnderAnotherName) {
-  fake->connected = false;
+  db->connected = false;
   const struct {
     int32_t listType;
     const char* category;

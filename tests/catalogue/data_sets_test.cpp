@@ -27,10 +27,7 @@ struct Flags {
 
 class DataSetsTest : public ::testing::Test {
  protected:
-  DataSetsTest() {
-    fake->addUntouchedLabels();
-    references().DatabaseReference = db;
-  }
+  DataSetsTest() { references().DatabaseReference = db; }
   void open(clsInsertFieldsInRTB& catalogue, const Flags& f) {
     catalogue.initializeDataRecordsets(f.listType, f.openAll, f.recordID, f.mainClient, f.companies,
                                        f.contacts, f.firm, f.employee, f.companyID, f.contactID);
@@ -45,8 +42,8 @@ class DataSetsTest : public ::testing::Test {
   }
 
   CatalogueEnvironment env;
-  std::shared_ptr<FakeLabelDatabase> fake = std::make_shared<FakeLabelDatabase>();
-  std::shared_ptr<RecordingDatabase> db = std::make_shared<RecordingDatabase>(fake);
+  LabelDatabase labels;
+  std::shared_ptr<RecordingDatabase> db = labels.db;
 };
 
 TEST_F(DataSetsTest, OpensWhatTheFlagsAskFor) {
@@ -154,7 +151,7 @@ TEST_F(DataSetsTest, ClosedHandlesAreNotClosedAgain) {
 }
 
 TEST_F(DataSetsTest, WithoutConnectionNothingIsOpenedAndTheCatalogueStands) {
-  fake->connected = false;
+  db->connected = false;
   auto catalogue = env.makeCatalogue();
   open(*catalogue, {.listType = 1, .openAll = true});
   EXPECT_TRUE(db->queries.empty());

@@ -13,21 +13,14 @@ namespace {
 
 using testing::PracticeDb;
 
-// Two clients with every satellite row of both countries' joins (client 2 inactive), and one
-// row with ID 1 in every other table, dated 11/23/2026.
+// Two clients with their companies and notes (client 2 inactive), and one row with ID 1 in
+// every other table, dated 11/23/2026.
 constexpr const char* kSeed = R"sql(
 INSERT INTO Companies (CompanyID, CompanyName, DefaultContactName) VALUES
   (1, 'Maple Leaf Bakery', 'Ann Brown'), (2, 'Northern Pines Ltd.', NULL);
 INSERT INTO CompaniesNotes (CompanyNum, BusinessNotes, ContactNotes) VALUES (1, 'b', 'c'), (2, 'b', 'c');
 INSERT INTO ClientData (ClientDataID, CompanyIDNum, ShowThisClient, ActiveStatus) VALUES
   (1, 1, 1, 1), (2, 2, 1, 0);
-INSERT INTO ClientOptions (ClientOptionID) VALUES (1), (2);
-INSERT INTO AccountingServices (AccountingServiceID) VALUES (1), (2);
-INSERT INTO CorpTaxInfo (CorpTaxInfoID) VALUES (1), (2);
-INSERT INTO LawInfo (LawInfoID) VALUES (1), (2);
-INSERT INTO OtherInfo (OtherInfoID) VALUES (1), (2);
-INSERT INTO WSIB_EHTInfo (WSIB_EHTInfoID) VALUES (1), (2);
-INSERT INTO ClientUSInfo (ClientUSInfoID) VALUES (1), (2);
 INSERT INTO Contacts (ContactID, DisplayName) VALUES (1, 'Ann Brown');
 INSERT INTO ContactsNotes (ContactNum, Notes) VALUES (1, 'n');
 INSERT INTO Categories (CategoryID, CategoryName) VALUES (1, 'Farm clients');
