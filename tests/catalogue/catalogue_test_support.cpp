@@ -1,10 +1,11 @@
 #include "catalogue_test_support.h"
 
-#include <fstream>
+#include <sstream>
 
 #include "host/references.h"
-#include "services/default_factories.h"
 #include "runtime/convert.h"
+#include "services/default_factories.h"
+#include "support/test_data.h"
 
 namespace nvwm::testing {
 
@@ -98,9 +99,7 @@ std::vector<std::string> displayNames(IDList& list) {
 }
 
 std::vector<std::string> goldenDisplayNames(const std::string& name) {
-  std::string path = std::string(NVWM_SOURCE_DIR) + "/tests/catalogue/data/" + name + ".tsv";
-  std::ifstream in(path);
-  EXPECT_TRUE(in) << "no golden file " << path;
+  std::istringstream in(readTestData("tests/catalogue/data/" + name + ".tsv"));
   std::vector<std::string> names;
   for (std::string line; std::getline(in, line);) {
     // key, DatabaseField, DisplayName, ...
