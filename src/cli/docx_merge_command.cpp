@@ -21,8 +21,8 @@ void registerDocxMerge(CLI::App& app) {
   cmd->add_option("--out", options->out, "The merged .docx to write")->required();
   cmd->callback([options] {
     try {
-      size_t merged =
-          wordengine::mergeFiles(options->templatePath, options->data, options->table, options->out);
+      size_t merged = wordengine::mergeFiles(options->templatePath, options->data, options->table,
+                                             options->out);
       std::cout << "merged " << merged << (merged == 1 ? " record" : " records") << " into "
                 << options->out << "\n";
       setExitCode(0);

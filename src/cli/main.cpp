@@ -1,6 +1,5 @@
 // nvwordmerge: runs the library's jobs from the command line.
 #include <CLI/CLI.hpp>
-
 #include <iostream>
 
 #include "cli/commands.h"

@@ -7,7 +7,8 @@
 //     ignored.
 //   - Failures raise RuntimeError with Word's own numbers: 53 no such file, 70 a file that can't
 //     be written or is locked, 76 no such folder, 4198 a command that failed (the description
-//     names the cause), and those given at each member. A member that raises changes nothing.
+//     names the cause), and those given at each member. Unless its member says otherwise, a
+//     call that raises changes nothing.
 //   - Every object of a document raises 5825 once the document is closed; every object of an
 //     application raises 462 once the application has quit.
 //   - Objects are handed out as shared_ptr; they stay valid as objects (see the two rules above)
@@ -155,7 +156,8 @@ class Application : public Object {
   // The version as "major.minor" ("9.0" is Word 2000); the library refuses majors below 9.
   virtual std::string Version() = 0;
   // Closes every document (SaveChanges -1 saves those that have a file; 0 and missing discard)
-  // and ends the application: afterwards every member raises 462.
+  // and ends the application: afterwards every member raises 462. A document that can't be
+  // saved raises and ends the quitting there: the documents closed before it stay closed.
   virtual void Quit(const Variant& SaveChanges = kMissing, const Variant& OriginalFormat = kMissing,
                     const Variant& RouteDocument = kMissing) = 0;
 };

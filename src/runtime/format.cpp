@@ -5,7 +5,6 @@
 // Number digits come from the value's 15 significant decimal digits (as the runtime shows a
 // Double), rounded half away from zero there. Rounding on the binary value instead would print
 // 1.005 as "1.00", which no user reads as right.
-#include "runtime/ascii.h"
 #include "runtime/format.h"
 
 #include <algorithm>
@@ -15,6 +14,7 @@
 #include <cstring>
 #include <vector>
 
+#include "runtime/ascii.h"
 #include "runtime/convert.h"
 #include "runtime/error.h"
 #include "runtime/regional.h"
@@ -24,7 +24,8 @@ namespace nvwm {
 namespace {
 
 bool startsWithNoCase(std::string_view s, size_t i, std::string_view prefix) {
-  return s.size() - i >= prefix.size() && equalsIgnoringAsciiCase(s.substr(i, prefix.size()), prefix);
+  return s.size() - i >= prefix.size() &&
+         equalsIgnoringAsciiCase(s.substr(i, prefix.size()), prefix);
 }
 
 void appendNumber(std::string& out, int value, int width) {
@@ -674,7 +675,8 @@ std::string generalDateText(Date date) {
 }
 
 std::string formatDate(Date date, std::string_view pattern) {
-  if (pattern.empty() || equalsIgnoringAsciiCase(pattern, "General Date")) return generalDateText(date);
+  if (pattern.empty() || equalsIgnoringAsciiCase(pattern, "General Date"))
+    return generalDateText(date);
   std::string_view named = namedDatePattern(pattern);
   return formatDatePattern(date, named.empty() ? pattern : named);
 }

@@ -310,13 +310,11 @@ std::string Trim(std::string_view s) {
 }
 
 std::string UCase(std::string_view s) {
-  return mapCase(s, asciiUpper,
-                 [](icu::UnicodeString& u) { u.toUpper(icu::Locale::getRoot()); });
+  return mapCase(s, asciiUpper, [](icu::UnicodeString& u) { u.toUpper(icu::Locale::getRoot()); });
 }
 
 std::string LCase(std::string_view s) {
-  return mapCase(s, asciiLower,
-                 [](icu::UnicodeString& u) { u.toLower(icu::Locale::getRoot()); });
+  return mapCase(s, asciiLower, [](icu::UnicodeString& u) { u.toLower(icu::Locale::getRoot()); });
 }
 
 std::string Replace(std::string_view expression, std::string_view find,

@@ -149,9 +149,9 @@ TEST_F(CustomLabelsTest, WithoutConnectionTheDefaultRowsStandIn) {
   auto catalogue = env.build(1);
   std::vector<DumpedRow> rows = rowsOf(*catalogue, "ClientInfo", "ClientCustom");
   ASSERT_EQ(rows.size(), 5u);
-  EXPECT_EQ(names(rows), (std::vector<std::string>{"Custom Field 1", "Custom Field 2",
-                                                    "Custom Field 3", "Custom Field 4",
-                                                    "Custom Field 5"}));
+  EXPECT_EQ(names(rows),
+            (std::vector<std::string>{"Custom Field 1", "Custom Field 2", "Custom Field 3",
+                                      "Custom Field 4", "Custom Field 5"}));
   // The first default row has a gap: no sample in column 5, the sample in 6, the size in 7.
   EXPECT_EQ(rows[0].columns,
             (std::vector<std::string>{"ClientCustom1", "Custom Field 1", "ClientInfo", "Text",

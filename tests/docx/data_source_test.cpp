@@ -115,16 +115,16 @@ TEST(DataSourceTest, MalformedCsvIsRefusedWithItsPlace) {
       {"a\n\"never\nclosed\n", "a quoted value opened on line 2 is never closed"},
       {"a\n\xC3\x28\n", "line 2 is not UTF-8 text"},
       {"a\n\xED\xA0\x80\n", "line 2 is not UTF-8 text"},  // a UTF-16 surrogate written as UTF-8
-      {"a,b\nx\xC3,y\r\n", "line 2 is not UTF-8 text"},     // not the last value of its line
+      {"a,b\nx\xC3,y\r\n", "line 2 is not UTF-8 text"},   // not the last value of its line
       {"a,b\n\"two\nlines\",x\n\xFF,y\n", "line 4 is not UTF-8 text"},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.text);
     std::string path = dir.file("bad.csv");
     writeFile(path, c.text);
-    EXPECT_RUNTIME_ERROR_MSG(MergeData::load(path), 4198,
-                             "Command failed: the data source '" + path + "' can't be used: " +
-                                 c.says);
+    EXPECT_RUNTIME_ERROR_MSG(
+        MergeData::load(path), 4198,
+        "Command failed: the data source '" + path + "' can't be used: " + c.says);
   }
 }
 

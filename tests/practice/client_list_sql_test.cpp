@@ -115,8 +115,8 @@ TEST(ClientListSqlTest, FilterByCountryVisibilityAndStatus) {
 }
 
 TEST(ClientListSqlTest, StatusOutsideOneToThreeGivesNoText) {
-  for (const ClientList& list : std::vector<ClientList>{{1, false, 0}, {1, true, 4}, {2, false, 4},
-                                                        {2, true, -1}}) {
+  for (const ClientList& list :
+       std::vector<ClientList>{{1, false, 0}, {1, true, 4}, {2, false, 4}, {2, true, -1}}) {
     SCOPED_TRACE(list.name());
     EXPECT_EQ(clientListSql(list), "");
   }

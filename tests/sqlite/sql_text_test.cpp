@@ -56,7 +56,7 @@ TEST_F(SqlTextTest, EmptyTextIsRefused) {
 
 TEST_F(SqlTextTest, StackedStatementIsRefusedAndNotRun) {
   db.exec("INSERT INTO Tasks (Subject) VALUES ('keep me');");
-  EXPECT_RUNTIME_ERROR_MSG(open("SELECT * FROM Tasks; DELETE FROM Tasks;"), 3001, 
+  EXPECT_RUNTIME_ERROR_MSG(open("SELECT * FROM Tasks; DELETE FROM Tasks;"), 3001,
                            "Database error: only one SQL statement may be sent at a time");
   EXPECT_EQ(db.stored("SELECT count(*) FROM Tasks"), "1");
   // A trailing semicolon, blanks or a comment are not a second statement.
@@ -64,7 +64,7 @@ TEST_F(SqlTextTest, StackedStatementIsRefusedAndNotRun) {
 }
 
 TEST_F(SqlTextTest, SqliteErrorCarriesSqlitesMessage) {
-  EXPECT_RUNTIME_ERROR_MSG(open("SELECT * FROM NoSuchTable"), 3001, 
+  EXPECT_RUNTIME_ERROR_MSG(open("SELECT * FROM NoSuchTable"), 3001,
                            "Database error: no such table: NoSuchTable");
 }
 

@@ -21,9 +21,9 @@ class MergeFilesTest : public ::testing::Test {
                "INSERT INTO Clients VALUES ('Ann', 100), ('Bob', 250.5), ('Cy', 0);");
     DocxParts parts;
     parts.body = para(run("Dear ") + complexField({" MERGEFIELD ", "Name "})) +
-                "<w:tbl><w:tr><w:tc>" + para(run("Fee")) + "</w:tc><w:tc>" +
-                para(simpleField(" MERGEFIELD Fee \\# \"$#,##0.00\" ")) + "</w:tc></w:tr></w:tbl>" +
-                para(run("Regards"));
+                 "<w:tbl><w:tr><w:tc>" + para(run("Fee")) + "</w:tc><w:tc>" +
+                 para(simpleField(" MERGEFIELD Fee \\# \"$#,##0.00\" ")) +
+                 "</w:tc></w:tr></w:tbl>" + para(run("Regards"));
     parts.headers["default"] = para(run("Ref: ") + simpleField(" MERGEFIELD Name \\* Upper "));
     parts.footers["default"] = para(complexField({" PAGE "}, "1"));
     writeDocx(parts, main_);

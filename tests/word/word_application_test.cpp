@@ -8,8 +8,8 @@
 
 #include "docx/docx_test_support.h"
 #include "host/references.h"
-#include "services/default_factories.h"
 #include "runtime/clock.h"
+#include "services/default_factories.h"
 #include "services/word/word_engine.h"
 #include "support/scoped_env.h"
 #include "support/test_support.h"

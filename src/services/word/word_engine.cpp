@@ -21,14 +21,14 @@
 #include <iostream>
 #include <optional>
 
-#include "runtime/clock.h"
-#include "runtime/convert.h"
-#include "runtime/error.h"
 #include "docx/data_source.h"
 #include "docx/field_code.h"
 #include "docx/mail_merge.h"
 #include "docx/merge_template.h"
 #include "docx/package.h"
+#include "runtime/clock.h"
+#include "runtime/convert.h"
+#include "runtime/error.h"
 #include "services/folder_locale.h"
 
 extern char** environ;
@@ -37,14 +37,14 @@ namespace nvwm::wordengine {
 namespace {
 
 namespace fs = std::filesystem;
-using docx::MergeData;
-using docx::Package;
 using docx::appendRuns;
 using docx::formatWordDate;
 using docx::isMainDocument;
 using docx::kParseFlags;
 using docx::kTypeDocumentMain;
+using docx::MergeData;
 using docx::mergeDocument;
+using docx::Package;
 using docx::readMailMergeLink;
 using docx::serialize;
 using docx::writeMailMergeLink;
@@ -77,9 +77,7 @@ std::optional<std::string> onPath(const std::string& program) {
   return std::nullopt;
 }
 
-std::string defaultOutputFolder() {
-  return (fs::path(productDataFolder()) / "Documents").string();
-}
+std::string defaultOutputFolder() { return (fs::path(productDataFolder()) / "Documents").string(); }
 
 class EngineDocument;
 
