@@ -2,7 +2,8 @@
 # Installs the Debian packages the build needs, only those that are missing.
 set -euo pipefail
 packages=(cmake ninja-build g++ pkg-config libsqlite3-dev libpugixml-dev libzip-dev zlib1g-dev libicu-dev
-          libspdlog-dev libfmt-dev libcli11-dev libgtest-dev libgmock-dev libbenchmark-dev)
+          libspdlog-dev libfmt-dev libcli11-dev libgtest-dev libgmock-dev libbenchmark-dev
+          clang-format-14)
 missing=()
 for p in "${packages[@]}"; do
   dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")

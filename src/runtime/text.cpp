@@ -19,6 +19,7 @@
 #include <array>
 #include <functional>
 
+#include "runtime/ascii.h"
 #include "runtime/error.h"
 #include "runtime/utf8.h"
 
@@ -28,8 +29,6 @@ namespace {
 [[noreturn]] void badArgument(std::string_view what) {
   raise(ErrorNumber::kInvalidProcedureCall, what);
 }
-
-constexpr char asciiLower(char c) { return c >= 'A' && c <= 'Z' ? char(c + ('a' - 'A')) : c; }
 
 // The full case folding of one code point, as UTF-8.
 struct Folding {
@@ -122,6 +121,13 @@ void lowerAsciiInto(std::string_view s, std::string& out) {
   std::transform(s.begin(), s.end(), out.begin(), asciiLower);
 }
 
+// True when a match of `size` bytes that starts on the character boundary p also ends on one.
+bool endsOnBoundary(std::string_view s, size_t p, size_t size) {
+  size_t e = p;
+  while (e < p + size) e += utf8::charLength(s, e);
+  return e == p + size;
+}
+
 // The first byte match of `needle` at or after `from` whose ends are character boundaries.
 // A well-formed needle can only match on boundaries (UTF-8 synchronises itself), so only a
 // needle with bad bytes needs the walk.
@@ -131,12 +137,7 @@ size_t findBinary(std::string_view s, std::string_view needle, size_t from, bool
   size_t cursor = from;
   while (p != std::string_view::npos) {
     while (cursor < p) cursor += utf8::charLength(s, cursor);
-    if (cursor == p) {
-      size_t e = p;
-      size_t end = p + needle.size();
-      while (e < end) e += utf8::charLength(s, e);
-      if (e == end) return p;
-    }
+    if (cursor == p && endsOnBoundary(s, p, needle.size())) return p;
     p = s.find(needle, p + 1);
   }
   return p;
@@ -149,12 +150,7 @@ size_t rfindBinary(std::string_view s, std::string_view needle, bool needleValid
   while (p != std::string_view::npos) {
     size_t cursor = 0;
     while (cursor < p) cursor += utf8::charLength(s, cursor);
-    if (cursor == p) {
-      size_t e = p;
-      size_t end = p + needle.size();
-      while (e < end) e += utf8::charLength(s, e);
-      if (e == end) return p;
-    }
+    if (cursor == p && endsOnBoundary(s, p, needle.size())) return p;
     if (p == 0) break;
     p = s.rfind(needle, p - 1);
   }
@@ -219,9 +215,6 @@ std::string mapCase(std::string_view s, char (*asciiMap)(char), Map map) {
   flush(s.size());
   return out;
 }
-
-char asciiUpperChar(char c) { return c >= 'a' && c <= 'z' ? char(c - ('a' - 'A')) : c; }
-char asciiLowerChar(char c) { return asciiLower(c); }
 
 }  // namespace
 
@@ -317,13 +310,11 @@ std::string Trim(std::string_view s) {
 }
 
 std::string UCase(std::string_view s) {
-  return mapCase(s, asciiUpperChar,
-                 [](icu::UnicodeString& u) { u.toUpper(icu::Locale::getRoot()); });
+  return mapCase(s, asciiUpper, [](icu::UnicodeString& u) { u.toUpper(icu::Locale::getRoot()); });
 }
 
 std::string LCase(std::string_view s) {
-  return mapCase(s, asciiLowerChar,
-                 [](icu::UnicodeString& u) { u.toLower(icu::Locale::getRoot()); });
+  return mapCase(s, asciiLower, [](icu::UnicodeString& u) { u.toLower(icu::Locale::getRoot()); });
 }
 
 std::string Replace(std::string_view expression, std::string_view find,
