@@ -85,16 +85,15 @@ void appendFolded(std::string& out, char32_t c) {
   }
 }
 
-// Folds `s` into `out`. When the tables are given, records where each character starts in
-// `out` and in `s`, plus the end of both.
-void foldInto(std::string_view s, std::string& out, std::vector<uint32_t>* foldedStart,
-              std::vector<uint32_t>* byteStart) {
-  out.clear();
-  out.reserve(s.size() + s.size() / 8);
+// Appends the folding of `s` to `out`. When the tables are given, appends where each character
+// of `s` starts in `out` and in the text `s` stands in (at byte `byteBase`); the end entries
+// are the caller's.
+void foldAppend(std::string_view s, std::string& out, std::vector<uint32_t>* foldedStart,
+                std::vector<uint32_t>* byteStart, size_t byteBase) {
   for (size_t i = 0; i < s.size();) {
     if (foldedStart) {
       foldedStart->push_back(static_cast<uint32_t>(out.size()));
-      byteStart->push_back(static_cast<uint32_t>(i));
+      byteStart->push_back(static_cast<uint32_t>(byteBase + i));
     }
     unsigned char b = static_cast<unsigned char>(s[i]);
     if (b < 0x80) {
@@ -111,15 +110,37 @@ void foldInto(std::string_view s, std::string& out, std::vector<uint32_t>* folde
       i += n;
     }
   }
+}
+
+// Folds `s` into `out`. When the tables are given, records where each character starts in
+// `out` and in `s`, plus the end of both.
+void foldInto(std::string_view s, std::string& out, std::vector<uint32_t>* foldedStart,
+              std::vector<uint32_t>* byteStart) {
+  out.clear();
+  out.reserve(s.size() + s.size() / 8);
+  foldAppend(s, out, foldedStart, byteStart, 0);
   if (foldedStart) {
     foldedStart->push_back(static_cast<uint32_t>(out.size()));
     byteStart->push_back(static_cast<uint32_t>(s.size()));
   }
 }
 
+// Appends `s` lower-cased, ASCII letters only. Written without a branch so that the compiler
+// can do many bytes at a time: templates are folded in full more than anything else is.
+void lowerAsciiAppend(std::string_view s, std::string& out) {
+  const size_t at = out.size();
+  out.resize(at + s.size());
+  char* to = out.data() + at;
+  const char* from = s.data();
+  for (size_t i = 0; i < s.size(); ++i) {
+    const auto c = static_cast<unsigned char>(from[i]);
+    to[i] = static_cast<char>(c + (static_cast<unsigned char>(c - 'A') < 26 ? 32 : 0));
+  }
+}
+
 void lowerAsciiInto(std::string_view s, std::string& out) {
-  out.resize(s.size());
-  std::transform(s.begin(), s.end(), out.begin(), asciiLower);
+  out.clear();
+  lowerAsciiAppend(s, out);
 }
 
 // The first byte match of `needle` at or after `from` whose ends are character boundaries.
@@ -416,6 +437,7 @@ void FoldedText::fold() {
   foldedStart_.clear();
   byteStart_.clear();
   ascii_ = utf8::isAscii(text_);
+  valid_ = ascii_ || utf8::isValid(text_);
   if (ascii_) {
     lowerAsciiInto(text_, folded_);
   } else {
@@ -547,27 +569,110 @@ int32_t FoldedText::replaceAll(std::string_view needle, std::string_view replace
   if (!mayOccur(foldedNeedle)) return 0;
   Searcher searcher(foldedNeedle);
   auto boundary = [this](size_t at) { return isBoundary(at); };
-  std::string out;
-  size_t copied = 0;  // bytes of text_ already handled
-  size_t from = 0;    // folded offset to search from
-  int32_t count = 0;
+  // The matches, as characters of the text: [first, last).
+  std::vector<std::pair<size_t, size_t>> hits;
+  size_t from = 0;  // folded offset to search from
   size_t begin, end;
-  while ((maxCount < 0 || count < maxCount) &&
+  while ((maxCount < 0 || hits.size() < static_cast<size_t>(maxCount)) &&
          findFolded(folded_, searcher, from, boundary, begin, end)) {
-    if (count == 0) out.reserve(text_.size() + replacement.size());
-    TextMatch m = toMatch(begin, end);
-    out.append(text_, copied, m.byteBegin - copied);
-    out.append(replacement);
-    copied = m.byteEnd;
+    hits.emplace_back(characterAt(begin), characterAt(end));
     from = end;
-    ++count;
   }
-  if (count > 0) {
-    out.append(text_, copied, std::string::npos);
-    text_ = std::move(out);
+  if (hits.empty()) return 0;
+  if (splice(hits, replacement)) {
+    for (DelimitedIndex& index : indexes_) buildIndex(index);
+  }
+  return static_cast<int32_t>(hits.size());
+}
+
+size_t FoldedText::characterAt(size_t foldedOffset) const {
+  if (ascii_) return foldedOffset;
+  return std::lower_bound(foldedStart_.begin(), foldedStart_.end(), foldedOffset) -
+         foldedStart_.begin();
+}
+
+bool FoldedText::splice(const std::vector<std::pair<size_t, size_t>>& hits,
+                        std::string_view replacement) {
+  auto byteOf = [this](size_t character) { return ascii_ ? character : byteStart_[character]; };
+  auto foldedOf = [this](size_t character) { return ascii_ ? character : foldedStart_[character]; };
+  std::string text;
+  text.reserve(text_.size() + hits.size() * replacement.size());
+  size_t copied = 0;  // characters of the old text handled
+  for (const auto& [first, last] : hits) {
+    text.append(text_, byteOf(copied), byteOf(first) - byteOf(copied));
+    text.append(replacement);
+    copied = last;
+  }
+  text.append(text_, byteOf(copied), std::string::npos);
+  // Well-formed pieces joined stay the same characters, so the folding is the pieces' foldings
+  // joined. A bad byte at a seam could join its neighbour into a new character: fold again.
+  if (!valid_ || !utf8::isValid(replacement)) {
+    text_ = std::move(text);
     fold();
+    return false;
   }
-  return count;
+  const bool ascii = ascii_ && utf8::isAscii(replacement);
+  std::string foldedReplacement;
+  std::vector<uint32_t> replacementFolded, replacementBytes;  // per character, from 0
+  if (ascii) {
+    lowerAsciiInto(replacement, foldedReplacement);
+  } else {
+    foldAppend(replacement, foldedReplacement, &replacementFolded, &replacementBytes, 0);
+  }
+  std::string folded;
+  folded.reserve(folded_.size() + hits.size() * foldedReplacement.size());
+  std::vector<uint32_t> foldedStart, byteStart;
+  if (!ascii) {
+    const size_t characters = (ascii_ ? text_.size() : byteStart_.size() - 1) + 1 +
+                              hits.size() * replacementFolded.size();
+    foldedStart.reserve(characters);
+    byteStart.reserve(characters);
+  }
+  size_t bytes = 0;  // bytes of the new text laid out so far
+  // Characters [from, to) of the old text.
+  auto appendOld = [&](size_t from, size_t to) {
+    if (!ascii) {
+      for (size_t k = from; k < to; ++k) {
+        foldedStart.push_back(static_cast<uint32_t>(folded.size() + foldedOf(k) - foldedOf(from)));
+        byteStart.push_back(static_cast<uint32_t>(bytes + byteOf(k) - byteOf(from)));
+      }
+    }
+    folded.append(folded_, foldedOf(from), foldedOf(to) - foldedOf(from));
+    bytes += byteOf(to) - byteOf(from);
+  };
+  auto appendReplacement = [&] {
+    if (!ascii) {
+      for (size_t k = 0; k < replacementFolded.size(); ++k) {
+        foldedStart.push_back(static_cast<uint32_t>(folded.size() + replacementFolded[k]));
+        byteStart.push_back(static_cast<uint32_t>(bytes + replacementBytes[k]));
+      }
+    }
+    folded.append(foldedReplacement);
+    bytes += replacement.size();
+  };
+  copied = 0;
+  for (const auto& [first, last] : hits) {
+    appendOld(copied, first);
+    appendReplacement();
+    copied = last;
+  }
+  appendOld(copied, ascii_ ? text_.size() : byteStart_.size() - 1);
+  text_ = std::move(text);
+  folded_ = std::move(folded);
+  ascii_ = ascii;
+  if (!ascii) {
+    foldedStart.push_back(static_cast<uint32_t>(folded_.size()));
+    byteStart.push_back(static_cast<uint32_t>(text_.size()));
+  }
+  foldedStart_ = std::move(foldedStart);
+  byteStart_ = std::move(byteStart);
+  return true;
+}
+
+std::string FoldedText::release() {
+  std::string text = std::move(text_);
+  *this = FoldedText();
+  return text;
 }
 
 }  // namespace nvwm

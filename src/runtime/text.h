@@ -20,6 +20,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 namespace nvwm {
@@ -143,6 +144,9 @@ class FoldedText {
   // runs of them ("«", "\'ab"); several pairs may be indexed. Empty delimiters are ignored.
   void indexDelimited(std::string_view open, std::string_view close);
 
+  // Gives up the text, with the replacements made, leaving this empty.
+  std::string release();
+
  private:
   struct DelimitedIndex {
     std::string open, close;           // folded
@@ -156,12 +160,20 @@ class FoldedText {
   // True when folded offset `at` starts a character (or is the end).
   bool isBoundary(size_t at) const;
   TextMatch toMatch(size_t foldedBegin, size_t foldedEnd) const;
+  // The character (from 0) that starts at folded offset `foldedOffset`, a boundary.
+  size_t characterAt(size_t foldedOffset) const;
+  // Replaces characters [first, last) of each hit, in order and without overlap, and brings
+  // the folding and the tables up to date without folding the whole text again. False when
+  // it had to fold it all the same (the indexes are then rebuilt too).
+  bool splice(const std::vector<std::pair<size_t, size_t>>& hits, std::string_view replacement);
 
   std::string text_;
   std::string folded_;
   // True when the text is all ASCII: folded offsets are then byte offsets and character
   // positions, and the two tables below stay empty.
   bool ascii_ = true;
+  // True when the text is well-formed UTF-8 (ASCII is).
+  bool valid_ = true;
   // For character i (from 0), where it starts in folded_ and in text_; one more entry for the
   // end. Both strictly increasing.
   std::vector<uint32_t> foldedStart_;

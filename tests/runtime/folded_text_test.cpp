@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <iterator>
+#include <random>
+
 #include "runtime/text.h"
 #include "support/runtime_assertions.h"
 
@@ -116,6 +119,58 @@ TEST(FoldedTextTest, TheIndexFollowsReplacements) {
   EXPECT_EQ(folded.find("«A»"), 0);
   EXPECT_EQ(folded.replaceAll("«b»", "x"), 1);
   EXPECT_EQ(folded.text(), "«C» and x");
+}
+
+// A replacement updates the folding in place instead of folding the whole text again: every
+// search must answer as on the same text folded afresh, also where a replacement puts a bad byte
+// next to another one, or non-ASCII text into an ASCII one.
+TEST(FoldedTextTest, AfterReplacementsSearchesAnswerAsOnAFreshText) {
+  const std::string pieces[] = {"a", "B",    " ",     "«",    "»",    "é",    "É",        "ß", "SS",
+                                "İ", "🦆", "\\'ab", "\xFF", "\xC3", "\xA9", "\xE2\x82", "x"};
+  const std::string needles[] = {"a", "ss", "«a»", "é", "i", "\xFF", "\xC3\xA9", "b «", "🦆"};
+  std::mt19937 random(20260315);
+  auto piece = [&] { return pieces[random() % std::size(pieces)]; };
+  for (int round = 0; round < 300; ++round) {
+    std::string text;
+    for (int i = random() % 12; i > 0; --i) text += piece();
+    FoldedText folded{text};
+    if (round % 2 == 0) folded.indexDelimited("«", "»");
+    for (int step = 0; step < 3; ++step) {
+      std::string needle = needles[random() % std::size(needles)];
+      std::string replacement;
+      for (int i = random() % 4; i > 0; --i) replacement += piece();
+      const std::string before = folded.text();
+      folded.replaceAll(needle, replacement, random() % 3 == 0 ? 1 : -1);
+      SCOPED_TRACE(::testing::PrintToString(before) + " " + ::testing::PrintToString(needle) +
+                   " -> " + ::testing::PrintToString(replacement));
+      const FoldedText fresh{folded.text()};
+      ASSERT_EQ(folded.length(), fresh.length());
+      for (const std::string& n : needles) {
+        for (int32_t start = 1; start <= fresh.length(); ++start) {
+          auto got = folded.match(n, start);
+          auto expected = fresh.match(n, start);
+          ASSERT_EQ(got.has_value(), expected.has_value()) << n << " from " << start;
+          if (!got) continue;
+          EXPECT_EQ(got->position, expected->position);
+          EXPECT_EQ(got->endPosition, expected->endPosition);
+          EXPECT_EQ(got->byteBegin, expected->byteBegin);
+          EXPECT_EQ(got->byteEnd, expected->byteEnd);
+        }
+        auto last = folded.matchLast(n);
+        auto freshLast = fresh.matchLast(n);
+        ASSERT_EQ(last.has_value(), freshLast.has_value()) << n;
+        if (last) EXPECT_EQ(last->position, freshLast->position);
+      }
+    }
+  }
+}
+
+TEST(FoldedTextTest, ReleaseGivesTheTextAndLeavesItEmpty) {
+  FoldedText folded{"«a» b"};
+  folded.replaceAll("«A»", "é");
+  EXPECT_EQ(folded.release(), "é b");
+  EXPECT_EQ(folded.text(), "");
+  EXPECT_EQ(folded.length(), 0);
 }
 
 TEST(FoldedTextTest, EmptyNeedleMatchesNothingAndBadStartRaises5) {
