@@ -4,7 +4,8 @@
 // The normaliser is a fixed sequence of whole-text replacements (engine/text_rules.h): the
 // notation rules always, then for a Canadian firm its province's rules and the Canadian address
 // names, for a United States firm the United States address names. The text is folded for
-// case-insensitive search once and after each replacement that changed it, never per rule.
+// case-insensitive search once and kept folded through the replacements; a rule that can't
+// apply costs a look-up, not a scan.
 #include <array>
 
 #include "catalogue/cls_insert_fields_in_rtb.h"
@@ -73,6 +74,8 @@ std::string clsInsertFieldsInRTB::convertProvinceFields(std::string text) {
   r.step([&] {
     work.indexDelimited(engine::kOpenPlain, engine::kClosePlain);
     work.indexDelimited(engine::kOpenEscaped, engine::kCloseEscaped);
+    // The rest, "Docket" or "<<" say, are turned down by a pair of letters the text lacks.
+    work.indexPairs();
   });
   r.step([&] { engine::applyRules(work, engine::notationRules()); });
   int32_t country = 0;

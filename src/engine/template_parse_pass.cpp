@@ -72,7 +72,7 @@ class CatalogueRows {
     row.nameLength = static_cast<uint32_t>(displayName.size());
     text_.append(displayName);
     row.folded = static_cast<uint32_t>(text_.size());
-    text_.append(foldCase(displayName));
+    foldCaseAppend(displayName, text_);
     row.foldedLength = static_cast<uint32_t>(text_.size() - row.folded);
     row.fill = fillOf(fieldType);
     rows_.push_back(row);

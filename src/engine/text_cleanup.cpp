@@ -58,7 +58,8 @@ bool clsInsertFieldsInRTB::replaceFoldedText(FoldedText& text, const std::string
   r.step([&] {
     if (hit->byteBegin == 0) Mid(text.text(), 0, 1);
     bool afterBlank = text.text()[hit->byteBegin - 1] == ' ';
-    text.replaceAll(target, afterBlank ? value : " " + value);
+    // No match stands before the first one.
+    text.replaceAll(target, afterBlank ? value : " " + value, -1, hit->position);
   });
   return failed;
 }

@@ -421,12 +421,16 @@ std::string Space(int32_t n) {
 
 std::string foldCase(std::string_view s) {
   std::string out;
-  if (utf8::isAscii(s)) {
-    lowerAsciiInto(s, out);
-  } else {
-    foldInto(s, out, nullptr, nullptr);
-  }
+  foldCaseAppend(s, out);
   return out;
+}
+
+void foldCaseAppend(std::string_view s, std::string& out) {
+  if (utf8::isAscii(s)) {
+    lowerAsciiAppend(s, out);
+  } else {
+    foldAppend(s, out, nullptr, nullptr, 0);
+  }
 }
 
 // ---- FoldedText ----
@@ -446,6 +450,7 @@ void FoldedText::fold() {
     foldInto(text_, folded_, &foldedStart_, &byteStart_);
   }
   for (DelimitedIndex& index : indexes_) buildIndex(index);
+  buildPairs();
 }
 
 void FoldedText::indexDelimited(std::string_view open, std::string_view close) {
@@ -517,7 +522,45 @@ void FoldedText::buildIndex(DelimitedIndex& index) const {
   }
 }
 
+namespace {
+
+// The folding of a needle, in a buffer kept for the thread: the folding is needed only for the
+// one search that asked for it, and a rule list asks for dozens in a row.
+std::string_view foldNeedle(std::string_view needle) {
+  thread_local std::string folded;
+  folded.clear();
+  foldCaseAppend(needle, folded);
+  return folded;
+}
+
+size_t pairOf(char first, char second) {
+  return static_cast<size_t>(static_cast<unsigned char>(first)) << 8 |
+         static_cast<unsigned char>(second);
+}
+
+}  // namespace
+
+void FoldedText::indexPairs() {
+  pairs_.assign(kPairWords, 0);
+  buildPairs();
+}
+
+void FoldedText::buildPairs() {
+  if (pairs_.empty()) return;
+  std::fill(pairs_.begin(), pairs_.end(), 0);
+  for (size_t i = 1; i < folded_.size(); ++i) {
+    const size_t pair = pairOf(folded_[i - 1], folded_[i]);
+    pairs_[pair / 64] |= uint64_t{1} << (pair % 64);
+  }
+}
+
 bool FoldedText::mayOccur(std::string_view needle) const {
+  if (!pairs_.empty()) {
+    for (size_t i = 1; i < needle.size(); ++i) {
+      const size_t pair = pairOf(needle[i - 1], needle[i]);
+      if ((pairs_[pair / 64] & (uint64_t{1} << (pair % 64))) == 0) return false;
+    }
+  }
   for (const DelimitedIndex& index : indexes_) {
     std::string_view open = index.open, close = index.close;
     // Only a needle that is one whole span: open, a name without `close`, close.
@@ -533,7 +576,7 @@ std::optional<TextMatch> FoldedText::match(std::string_view needle, int32_t star
   if (start < 1) badArgument("search with a start below 1");
   if (needle.empty() || start > length()) return std::nullopt;
   size_t from = ascii_ ? static_cast<size_t>(start) - 1 : foldedStart_[start - 1];
-  std::string foldedNeedle = foldCase(needle);
+  std::string_view foldedNeedle = foldNeedle(needle);
   if (!mayOccur(foldedNeedle)) return std::nullopt;
   Searcher searcher(foldedNeedle);
   size_t begin, end;
@@ -544,7 +587,7 @@ std::optional<TextMatch> FoldedText::match(std::string_view needle, int32_t star
 
 std::optional<TextMatch> FoldedText::matchLast(std::string_view needle) const {
   if (needle.empty()) return std::nullopt;
-  std::string foldedNeedle = foldCase(needle);
+  std::string_view foldedNeedle = foldNeedle(needle);
   if (!mayOccur(foldedNeedle)) return std::nullopt;
   std::string_view hay = folded_;
   for (size_t p = hay.rfind(foldedNeedle); p != std::string_view::npos;
@@ -563,15 +606,16 @@ int32_t FoldedText::find(std::string_view needle, int32_t start) const {
 }
 
 int32_t FoldedText::replaceAll(std::string_view needle, std::string_view replacement,
-                               int32_t maxCount) {
-  if (needle.empty() || maxCount == 0) return 0;
-  std::string foldedNeedle = foldCase(needle);
+                               int32_t maxCount, int32_t start) {
+  if (start < 1) badArgument("replace with a start below 1");
+  if (needle.empty() || maxCount == 0 || start > length()) return 0;
+  std::string_view foldedNeedle = foldNeedle(needle);
   if (!mayOccur(foldedNeedle)) return 0;
   Searcher searcher(foldedNeedle);
   auto boundary = [this](size_t at) { return isBoundary(at); };
   // The matches, as characters of the text: [first, last).
   std::vector<std::pair<size_t, size_t>> hits;
-  size_t from = 0;  // folded offset to search from
+  size_t from = ascii_ ? static_cast<size_t>(start) - 1 : foldedStart_[start - 1];
   size_t begin, end;
   while ((maxCount < 0 || hits.size() < static_cast<size_t>(maxCount)) &&
          findFolded(folded_, searcher, from, boundary, begin, end)) {
@@ -581,6 +625,7 @@ int32_t FoldedText::replaceAll(std::string_view needle, std::string_view replace
   if (hits.empty()) return 0;
   if (splice(hits, replacement)) {
     for (DelimitedIndex& index : indexes_) buildIndex(index);
+    buildPairs();
   }
   return static_cast<int32_t>(hits.size());
 }

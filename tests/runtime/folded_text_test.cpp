@@ -165,6 +165,33 @@ TEST(FoldedTextTest, AfterReplacementsSearchesAnswerAsOnAFreshText) {
   }
 }
 
+TEST(FoldedTextTest, AnIndexOfPairsGivesTheSameAnswers) {
+  const std::string text = "Dear «Company Name», Straße \\'abDocket\\'bb İ x\xFFy";
+  const std::string_view needles[] = {"docket", "DOCKET", "strasse", "«company name»", "<<",
+                                      "d",      "i̇",      "\xFFY",   "x\xFF",          "rd",
+                                      "ss",     "zz",     "«"};
+  FoldedText plain{text};
+  FoldedText indexed{text};
+  indexed.indexPairs();
+  for (std::string_view needle : needles) {
+    SCOPED_TRACE(needle);
+    EXPECT_EQ(indexed.find(needle), plain.find(needle));
+  }
+  // It follows replacements.
+  EXPECT_EQ(indexed.replaceAll("docket", "zz"), 1);
+  EXPECT_EQ(indexed.find("zz"), InStr(1, indexed.text(), "zz", CompareMode::kText));
+  EXPECT_GT(indexed.find("zz"), 0);
+  EXPECT_EQ(indexed.find("docket"), 0);
+}
+
+TEST(FoldedTextTest, ReplaceAllFromAStartKeepsWhatStandsBefore) {
+  FoldedText folded{"é«a» b «A» «a»"};
+  EXPECT_EQ(folded.replaceAll("«a»", "x", -1, 3), 2);
+  EXPECT_EQ(folded.text(), "é«a» b x x");
+  EXPECT_EQ(folded.replaceAll("«a»", "x", -1, 99), 0);
+  EXPECT_RUNTIME_ERROR(folded.replaceAll("«a»", "x", -1, 0), 5);
+}
+
 TEST(FoldedTextTest, ReleaseGivesTheTextAndLeavesItEmpty) {
   FoldedText folded{"«a» b"};
   folded.replaceAll("«A»", "é");
