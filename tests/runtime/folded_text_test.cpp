@@ -208,6 +208,20 @@ TEST(FoldedTextTest, EmptyNeedleMatchesNothingAndBadStartRaises5) {
   EXPECT_RUNTIME_ERROR(folded.find("a", 0), 5);
 }
 
+TEST(FoldedTextTest, FoldCaseLowersTheAsciiLettersAndNothingElse) {
+  std::string ascii, lowered;
+  for (int c = 0; c < 128; ++c) {
+    ascii += static_cast<char>(c);
+    lowered += static_cast<char>(c >= 'A' && c <= 'Z' ? c + 32 : c);
+  }
+  // Every offset, so that each byte is seen in every place of a word and in the tail.
+  for (size_t from = 0; from < 16; ++from) {
+    SCOPED_TRACE(from);
+    EXPECT_EQ(foldCase(ascii.substr(from)), lowered.substr(from));
+    EXPECT_EQ(FoldedText(ascii.substr(from)).find(lowered.substr(from)), 1);
+  }
+}
+
 TEST(FoldedTextTest, FoldCaseMakesEqualKeysForCaseVariants) {
   EXPECT_EQ(foldCase("«Company NAME»"), foldCase("«company name»"));
   EXPECT_EQ(foldCase("SOCIÉTÉ"), foldCase("société"));
