@@ -75,13 +75,12 @@ bool clsInsertFieldsInRTB::replaceUnfoundMergeFieldsWithBlanks(std::string& work
   const char* open = engine::kOpenPlain;
   const char* close = engine::kClosePlain;
   bool FoundAnyPlaceholder = false;
+  // Folded once: the second turn runs only when the first removed nothing.
+  FoldedText text;
+  r.step([&] { text = FoldedText(workText); });
   for (int turn = 1; turn <= 2 && r.running(); ++turn) {
-    FoldedText text;
     int32_t position = 0;
-    r.step([&] {
-      text = FoldedText(workText);
-      position = text.find(open);
-    });
+    r.step([&] { position = text.find(open); });
     while (position > 0 && !failed && r.running()) {
       bool removedSome = false;
       // The cut ends at the first character of the closing delimiter: with the escaped form its

@@ -653,8 +653,9 @@ bool FoldedText::splice(const std::vector<std::pair<size_t, size_t>>& hits,
                         std::string_view replacement) {
   auto byteOf = [this](size_t character) { return ascii_ ? character : byteStart_[character]; };
   auto foldedOf = [this](size_t character) { return ascii_ ? character : foldedStart_[character]; };
-  std::string text;
-  text.reserve(text_.size() + hits.size() * replacement.size());
+  // Built in the buffers of the text before, kept for the next replacement.
+  std::string& text = spareText_;
+  text.clear();
   size_t copied = 0;  // characters of the old text handled
   for (const auto& [first, last] : hits) {
     text.append(text_, byteOf(copied), byteOf(first) - byteOf(copied));
@@ -665,7 +666,7 @@ bool FoldedText::splice(const std::vector<std::pair<size_t, size_t>>& hits,
   // Well-formed pieces joined stay the same characters, so the folding is the pieces' foldings
   // joined. A bad byte at a seam could join its neighbour into a new character: fold again.
   if (!valid_ || !utf8::isValid(replacement)) {
-    text_ = std::move(text);
+    text_.swap(text);
     fold();
     return false;
   }
@@ -677,8 +678,8 @@ bool FoldedText::splice(const std::vector<std::pair<size_t, size_t>>& hits,
   } else {
     foldAppend(replacement, foldedReplacement, &replacementFolded, &replacementBytes, 0);
   }
-  std::string folded;
-  folded.reserve(folded_.size() + hits.size() * foldedReplacement.size());
+  std::string& folded = spareFolded_;
+  folded.clear();
   std::vector<uint32_t> foldedStart, byteStart;
   if (!ascii) {
     const size_t characters = (ascii_ ? text_.size() : byteStart_.size() - 1) + 1 +
@@ -715,8 +716,8 @@ bool FoldedText::splice(const std::vector<std::pair<size_t, size_t>>& hits,
     copied = last;
   }
   appendOld(copied, ascii_ ? text_.size() : byteStart_.size() - 1);
-  text_ = std::move(text);
-  folded_ = std::move(folded);
+  text_.swap(text);
+  folded_.swap(folded);
   ascii_ = ascii;
   if (!ascii) {
     foldedStart.push_back(static_cast<uint32_t>(folded_.size()));

@@ -192,6 +192,8 @@ class FoldedText {
   // One bit per pair of folded bytes present, when indexPairs asked for it; else empty.
   static constexpr size_t kPairWords = 65536 / 64;
   std::vector<uint64_t> pairs_;
+  // The text and folding before the last replacement: their buffers are reused by the next.
+  std::string spareText_, spareFolded_;
 };
 
 }  // namespace nvwm
