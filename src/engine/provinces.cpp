@@ -9,7 +9,6 @@
 #include <array>
 
 #include "catalogue/cls_insert_fields_in_rtb.h"
-#include "engine/placeholder_grammar.h"
 #include "engine/text_rules.h"
 #include "host/references.h"
 #include "host/routine.h"
@@ -69,14 +68,9 @@ const ProvinceNames* findProvince(const std::string& province) {
 std::string clsInsertFieldsInRTB::convertProvinceFields(std::string text) {
   FoldedText work(std::move(text));
   Routine r("Tallowbrook.exe-clsInsertFieldsInRTB-convertProvinceFields", errorService());
-  // Most rules name a whole placeholder: indexing the spans lets a rule whose placeholder the
-  // text doesn't hold cost a lookup instead of a scan.
-  r.step([&] {
-    work.indexDelimited(engine::kOpenPlain, engine::kClosePlain);
-    work.indexDelimited(engine::kOpenEscaped, engine::kCloseEscaped);
-    // The rest, "Docket" or "<<" say, are turned down by a pair of letters the text lacks.
-    work.indexPairs();
-  });
+  // Few rules apply to a given template: one that needs a pair of folded bytes the text lacks,
+  // as nearly all do, is turned down by a look-up instead of a scan.
+  r.step([&] { work.indexPairs(); });
   r.step([&] { engine::applyRules(work, engine::notationRules()); });
   int32_t country = 0;
   r.step([&] { country = locale().getCountryCode(); });
