@@ -42,6 +42,7 @@ struct CustomBlockSpec;
 namespace engine {
 struct DataSets;
 }  // namespace engine
+class FoldedText;
 
 class clsInsertFieldsInRTB {
  public:
@@ -187,6 +188,11 @@ class clsInsertFieldsInRTB {
                                      bool& isRTF, bool& useContactForMissingCompany);
 
  private:
+  // replaceText on a text folded once for a whole pass, so that a replacement doesn't fold it
+  // again (engine/text_cleanup.cpp).
+  bool replaceFoldedText(FoldedText& workText, const std::string& placeholder,
+                         const std::string& value, bool isRTF);
+
   // Where a build adds its list entries: the control, or nothing when noList.
   struct ListTarget {
     LateBoundObject* control;
