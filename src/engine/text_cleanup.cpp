@@ -122,8 +122,10 @@ std::string clsInsertFieldsInRTB::convertToRTF(std::string value) {
     }
   });
   std::string prefix;
+  bool hasLineBreak = true;
   r.step([&] {
-    if (InStr(1, value, engine::kLineBreak, CompareMode::kText) == 0) return;
+    hasLineBreak = InStr(1, value, engine::kLineBreak, CompareMode::kText) > 0;
+    if (!hasLineBreak) return;
     // The text after the last paragraph mark before the source position, up to a "<": with the
     // two members never assigned this collects nothing, and the prefix is "\par ".
     std::string collected;
@@ -142,7 +144,9 @@ std::string clsInsertFieldsInRTB::convertToRTF(std::string value) {
     }
     prefix = std::string(kParagraph) + " " + collected;
   });
+  // Without a line break the replacement would give the value back as it is.
   r.step([&] {
+    if (!hasLineBreak) return;
     result =
         Replace(value, engine::kLineBreak, prefix + engine::kLineBreak, 1, -1, CompareMode::kText);
   });
