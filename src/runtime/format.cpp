@@ -377,6 +377,11 @@ std::string formatDatePattern(Date date, std::string_view pattern) {
 
 // ---- numbers ----
 
+// NaN and the infinities have no digits to print: the original's Overflow.
+void requireFinite(double v) {
+  if (!std::isfinite(v)) raise(ErrorNumber::kOverflow, "the number can't be shown");
+}
+
 // The digits of v >= 0 rounded half away from zero at `decimals` places, taken from its 15
 // significant digits: the integer digits without leading zeros ("" for 0) and exactly
 // `decimals` fraction digits.
@@ -413,6 +418,14 @@ void decimalDigits(double v, int decimals, std::string& whole, std::string& frac
   size_t nonZero = whole.find_first_not_of('0');
   whole.erase(0, nonZero == std::string::npos ? whole.size() : nonZero);
   for (int j = 0; j < decimals; ++j) fraction[j] = digitAt(point + j);
+}
+
+// v / 10^e without passing through 0 or infinity on the way: 10^-324 is 0 in a double, yet
+// 5e-324 / 10^-324 is 5.
+double divideByPowerOf10(double v, int e) {
+  for (; e > 300; e -= 300) v /= 1e300;
+  for (; e < -300; e += 300) v *= 1e300;
+  return v / std::pow(10.0, e);
 }
 
 enum class NumberKind { kLiteral, kDigit, kPoint, kComma, kExponent };
@@ -515,6 +528,7 @@ std::string printNumberSection(double v, const NumberSection& section) {
   const RegionalSettings& rs = regionalSettings();
   if (section.percent) v *= 100.0;
   for (int i = 0; i < section.scaleThousands; ++i) v /= 1000.0;
+  requireFinite(v);  // 1e308 with "0%" is no number either
 
   int wholeCount = 0, fractionCount = 0, minWhole = 0, minFraction = 0;
   bool pastPoint = false;
@@ -540,10 +554,10 @@ std::string printNumberSection(double v, const NumberSection& section) {
   if (exponent != nullptr && v != 0) {
     int lead = std::max(wholeCount, 1);
     exp10 = static_cast<int>(std::floor(std::log10(v))) - (lead - 1);
-    decimalDigits(v / std::pow(10.0, exp10), fractionCount, whole, fraction);
+    decimalDigits(divideByPowerOf10(v, exp10), fractionCount, whole, fraction);
     if (static_cast<int>(whole.size()) > lead) {  // 9.995 rounded up to 10.00
       ++exp10;
-      decimalDigits(v / std::pow(10.0, exp10), fractionCount, whole, fraction);
+      decimalDigits(divideByPowerOf10(v, exp10), fractionCount, whole, fraction);
     }
   } else {
     decimalDigits(v, fractionCount, whole, fraction);
@@ -683,6 +697,7 @@ std::string formatDate(Date date, std::string_view pattern) {
 }
 
 std::string formatNumber(double value, std::string_view pattern) {
+  requireFinite(value);
   if (pattern.empty() || equalsIgnoringAsciiCase(pattern, "General Number")) return doubleToText(value);
   std::string_view named = namedNumberPattern(pattern);
   return formatNumberPattern(value, named.empty() ? pattern : named);
