@@ -1,0 +1,50 @@
+#include "services/sqlite/statement.h"
+
+#include <sqlite3.h>
+
+#include "runtime/error.h"
+
+namespace nvwm::sqlite {
+
+void fail(std::string_view detail) { raise(ErrorNumber::kDatabaseError, detail); }
+
+void failSqlite(sqlite3* db) { fail(db ? sqlite3_errmsg(db) : "no database"); }
+
+namespace {
+
+// sqlite3_prepare takes the length as an int; a longer text must not wrap around.
+bool tooLong(std::string_view sql) { return sql.size() > 1'000'000'000; }
+
+}  // namespace
+
+Statement::~Statement() { reset(); }
+
+void Statement::reset() {
+  sqlite3_finalize(stmt_);
+  stmt_ = nullptr;
+}
+
+void Statement::prepare(sqlite3* db, std::string_view sql, std::string_view* tail) {
+  reset();
+  if (tooLong(sql)) fail("the SQL text is too long");
+  const char* rest = nullptr;
+  if (sqlite3_prepare_v2(db, sql.data(), static_cast<int>(sql.size()), &stmt_, &rest) != SQLITE_OK)
+    failSqlite(db);
+  if (tail) *tail = std::string_view(rest, sql.data() + sql.size() - rest);
+}
+
+bool Statement::tryPrepare(sqlite3* db, std::string_view sql) {
+  reset();
+  return !tooLong(sql) &&
+         sqlite3_prepare_v2(db, sql.data(), static_cast<int>(sql.size()), &stmt_, nullptr) ==
+             SQLITE_OK &&
+         stmt_ != nullptr;
+}
+
+int Statement::step(sqlite3* db) {
+  int rc = sqlite3_step(stmt_);
+  if (rc != SQLITE_ROW && rc != SQLITE_DONE) failSqlite(db);
+  return rc;
+}
+
+}  // namespace nvwm::sqlite
