@@ -58,6 +58,17 @@ struct StmtFinalizer {
   raise(ErrorNumber::kDocumentError, "the data source '" + path + "' can't be used: " + why);
 }
 
+// SQLite's last failure on db, said as the user needs it: a file SQLite can't read as a
+// database is damaged, whatever step found it.
+[[noreturn]] void sqliteError(sqlite3* db, const std::string& path) {
+  int code = sqlite3_errcode(db) & 0xff;
+  std::string why = sqlite3_errmsg(db);
+  if (code == SQLITE_CORRUPT || code == SQLITE_NOTADB) {
+    sourceError(path, "the file is damaged (" + why + ")");
+  }
+  sourceError(path, why);
+}
+
 Variant typedValue(sqlite3_stmt* stmt, int col, const std::string& declared) {
   int storage = sqlite3_column_type(stmt, col);
   if (storage == SQLITE_NULL) return Variant::null();
@@ -199,15 +210,19 @@ MergeData MergeData::loadSqlite(const std::string& path, std::string_view connec
     }
     if (table.empty()) {
       sqlite3_stmt* s = nullptr;
-      sqlite3_prepare_v2(db.get(),
-                         "SELECT name FROM sqlite_master WHERE type='table' AND name NOT LIKE "
-                         "'sqlite_%'",
-                         -1, &s, nullptr);
+      if (sqlite3_prepare_v2(db.get(),
+                             "SELECT name FROM sqlite_master WHERE type='table' AND name NOT LIKE "
+                             "'sqlite_%'",
+                             -1, &s, nullptr) != SQLITE_OK)
+        sqliteError(db.get(), path);
       std::unique_ptr<sqlite3_stmt, StmtFinalizer> stmt(s);
       std::vector<std::string> tables;
-      while (s && sqlite3_step(s) == SQLITE_ROW) {
-        tables.emplace_back(reinterpret_cast<const char*>(sqlite3_column_text(s, 0)));
+      int step;
+      while ((step = sqlite3_step(s)) == SQLITE_ROW) {
+        const unsigned char* name = sqlite3_column_text(s, 0);
+        tables.emplace_back(name ? reinterpret_cast<const char*>(name) : "");
       }
+      if (step != SQLITE_DONE) sqliteError(db.get(), path);
       if (tables.size() != 1) sourceError(path, "name the table with \"TABLE name\"");
       table = tables[0];
     }
@@ -224,12 +239,13 @@ MergeData MergeData::loadSqlite(const std::string& path, std::string_view connec
     if (why.find("no such table") != std::string::npos) {
       sourceError(path, "it has no table \"" + data.table_ + "\"");
     }
-    sourceError(path, why);
+    sqliteError(db.get(), path);
   }
   int columns = sqlite3_column_count(s);
   std::vector<std::string> declared;
   for (int c = 0; c < columns; ++c) {
-    data.columns_.emplace_back(sqlite3_column_name(s, c));
+    const char* name = sqlite3_column_name(s, c);
+    data.columns_.emplace_back(name ? name : "");
     const char* d = sqlite3_column_decltype(s, c);
     declared.emplace_back(d ? d : "");
   }
@@ -245,7 +261,7 @@ MergeData MergeData::loadSqlite(const std::string& path, std::string_view connec
     }
     data.rows_.push_back(std::move(row));
   }
-  if (rc != SQLITE_DONE) sourceError(path, sqlite3_errmsg(db.get()));
+  if (rc != SQLITE_DONE) sqliteError(db.get(), path);
   return data;
 }
 
@@ -253,7 +269,10 @@ MergeData MergeData::loadCsv(const std::string& path) {
   std::ifstream in(path, std::ios::binary);
   std::stringstream buffer;
   buffer << in.rdbuf();
-  std::string text = std::move(buffer).str();
+  return fromCsvText(std::move(buffer).str(), path);
+}
+
+MergeData MergeData::fromCsvText(std::string text, const std::string& path) {
   if (text.compare(0, 3, "\xEF\xBB\xBF") == 0) text.erase(0, 3);
 
   MergeData data;
@@ -339,6 +358,8 @@ MergeData MergeData::loadCsv(const std::string& path) {
     while (row.size() < data.columns_.size()) row.emplace_back(std::string());
     data.rows_.push_back(std::move(row));
   }
+  data.path_ = path;
+  data.buildIndex();
   return data;
 }
 

@@ -123,30 +123,6 @@ void SqliteDatabase::execute(const std::string& sql) {
 
 namespace {
 
-// Prepares the one statement of a Jet SQL text; returns the text SQLite runs. Raises 3001 for
-// an empty text, SQL that SQLite refuses, or a second statement after the first.
-std::string prepareOne(sqlite3* db, const std::string& sql, Statement& st) {
-  if (sqlite::isBlankSql(sql)) fail("the SQL text is empty");
-  std::string text = sqlite::translateJetSql(sql);
-  std::string_view tail;
-  st.prepare(db, text, &tail);
-  if (st.get() == nullptr) fail("the SQL text is empty");
-  if (!sqlite::isBlankSql(tail)) fail("only one SQL statement may be sent at a time");
-  return text;
-}
-
-// A read-only recordset runs queries only: nothing that writes (DROP, UPDATE...), nor a
-// statement without rows (ATTACH makes files, BEGIN holds locks).
-void requireQuery(sqlite3_stmt* s, const std::string& sql) {
-  if (!sqlite3_stmt_readonly(s)) {
-    fail("a read-only recordset (lock type 1) can't run \"" + sql +
-         "\": it would change the database");
-  }
-  if (sqlite3_column_count(s) == 0) {
-    fail("a read-only recordset (lock type 1) can't run \"" + sql + "\": it is not a query");
-  }
-}
-
 // The columns of a prepared statement: names, origins, kinds.
 void describeColumns(sqlite3_stmt* s, Recordset& rs) {
   int n = sqlite3_column_count(s);
@@ -193,10 +169,10 @@ Handle SqliteDatabase::openRecordset(const std::string& sql, int32_t /*cursorTyp
   if (lockType != kLockReadOnly && lockType != kLockOptimistic)
     fail("lock type " + std::to_string(lockType) + " is not supported");
   Statement st;
-  std::string text = prepareOne(db_, sql, st);
+  std::string text = sqlite::prepareOne(db_, sql, st);
   auto rs = std::make_unique<Recordset>();
   rs->read_only = lockType == kLockReadOnly;
-  if (rs->read_only) requireQuery(st.get(), sql);
+  if (rs->read_only) sqlite::requireQuery(st.get(), sql);
   describeColumns(st.get(), *rs);
   sqlite::RowidPlan plan;
   if (!rs->read_only) plan = sqlite::planRowids(db_, text, st, *rs);

@@ -3,6 +3,7 @@
 #include <sqlite3.h>
 
 #include "runtime/error.h"
+#include "services/sqlite/sql_text.h"
 
 namespace nvwm::sqlite {
 
@@ -45,6 +46,27 @@ int Statement::step(sqlite3* db) {
   int rc = sqlite3_step(stmt_);
   if (rc != SQLITE_ROW && rc != SQLITE_DONE) failSqlite(db);
   return rc;
+}
+
+std::string prepareOne(sqlite3* db, std::string_view jetSql, Statement& st) {
+  if (isBlankSql(jetSql)) fail("the SQL text is empty");
+  std::string text = translateJetSql(jetSql);
+  std::string_view tail;
+  st.prepare(db, text, &tail);
+  if (st.get() == nullptr) fail("the SQL text is empty");
+  if (!isBlankSql(tail)) fail("only one SQL statement may be sent at a time");
+  return text;
+}
+
+void requireQuery(sqlite3_stmt* s, std::string_view sql) {
+  std::string quoted = "\"" + std::string(sql) + "\"";
+  if (!sqlite3_stmt_readonly(s)) {
+    fail("a read-only recordset (lock type 1) can't run " + quoted +
+         ": it would change the database");
+  }
+  if (sqlite3_column_count(s) == 0) {
+    fail("a read-only recordset (lock type 1) can't run " + quoted + ": it is not a query");
+  }
 }
 
 }  // namespace nvwm::sqlite

@@ -2,6 +2,7 @@
 // to fail (RuntimeError 3001 with SQLite's message).
 #pragma once
 
+#include <string>
 #include <string_view>
 
 struct sqlite3;
@@ -36,5 +37,15 @@ class Statement {
 
   sqlite3_stmt* stmt_ = nullptr;
 };
+
+// Translates a Jet SQL text (sql_text.h) and prepares its one statement into st; returns the
+// text SQLite runs. Raises 3001 for an empty text, SQL that SQLite refuses, or a second
+// statement after the first (which is then never run).
+std::string prepareOne(sqlite3* db, std::string_view jetSql, Statement& st);
+
+// Raises 3001 unless the prepared statement only reads and gives rows: what a read-only
+// recordset may run. Nothing that writes (DROP, UPDATE...), nor a statement without rows
+// (ATTACH makes files, BEGIN holds locks). sql is the text as the caller sent it.
+void requireQuery(sqlite3_stmt* s, std::string_view sql);
 
 }  // namespace nvwm::sqlite
