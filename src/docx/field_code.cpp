@@ -16,16 +16,16 @@
 // \* may repeat ("\* Upper \* MERGEFORMAT"). An unknown switch is skipped with its argument.
 #include "docx/field_code.h"
 
-#include <unicode/locid.h>
 #include <unicode/uchar.h>
-#include <unicode/unistr.h>
-#include <unicode/utf8.h>
 
 #include <cmath>
 #include <cstdio>
 
 #include "runtime/convert.h"
+#include "runtime/decimal_digits.h"
 #include "runtime/regional.h"
+#include "runtime/text.h"
+#include "runtime/utf8.h"
 
 namespace nvwm::docx {
 namespace {
@@ -79,14 +79,29 @@ std::string upperAscii(std::string_view s) {
   return out;
 }
 
-icu::UnicodeString toUnicode(std::string_view s) {
-  return icu::UnicodeString::fromUTF8(icu::StringPiece(s.data(), static_cast<int32_t>(s.size())));
+// The character at s[i]: its byte length, and its code point when it is well-formed UTF-8.
+struct Character {
+  size_t size;
+  std::optional<char32_t> codePoint;  // nothing for a byte that begins no well-formed sequence
+};
+
+Character characterAt(std::string_view s, size_t i) {
+  size_t n = utf8::sequenceLength(s, i);
+  if (n == 0) return {1, std::nullopt};
+  return {n, utf8::decode(s, i, n)};
 }
 
-std::string toUtf8(const icu::UnicodeString& u) {
-  std::string out;
-  u.toUTF8String(out);
-  return out;
+bool isSpace(const Character& c) {
+  return c.codePoint && u_isspace(static_cast<UChar32>(*c.codePoint));
+}
+
+// The title-case form of a character; a bad byte as it is.
+void appendTitleCase(std::string& out, std::string_view s, size_t i, const Character& c) {
+  if (c.codePoint) {
+    utf8::append(out, static_cast<char32_t>(u_totitle(static_cast<UChar32>(*c.codePoint))));
+  } else {
+    out += s[i];
+  }
 }
 
 std::string twoDigits(int n) {
@@ -233,9 +248,9 @@ std::string formatMergeValue(const MergeFieldCode& code, const Variant& value) {
   for (const auto& format : code.formats) {
     std::string f = upperAscii(format);
     if (f == "UPPER")
-      text = toUpperText(text);
+      text = UCase(text);
     else if (f == "LOWER")
-      text = toLowerText(text);
+      text = LCase(text);
     else if (f == "CAPS")
       text = capsText(text);
     else if (f == "FIRSTCAP")
@@ -267,7 +282,7 @@ std::string formatWordDate(Date date, std::string_view p) {
     if (startsWithNoCase(p, i, "am/pm")) {
       bool lower = p[i] == 'a';
       std::string mark = d.hour < 12 ? rs.am : rs.pm;
-      out += lower ? toLowerText(mark) : mark;
+      out += lower ? LCase(mark) : mark;
       i += 5;
       continue;
     }
@@ -394,15 +409,10 @@ std::string formatWordNumber(double value, std::string_view picture) {
   };
   if (firstPlace == std::string::npos) return literal(section, value < 0, value == 0);
 
-  double magnitude = std::fabs(value);
-  double scale = std::pow(10.0, decPlaces);
-  double rounded = std::floor(magnitude * scale + 0.5) / scale;  // half away from zero
-  char buf[400];
-  std::snprintf(buf, sizeof buf, "%.*f", decPlaces, rounded);
-  std::string digits = buf;
-  std::string intDigits = digits.substr(0, digits.find('.'));
-  std::string decDigits = decPlaces > 0 ? digits.substr(digits.find('.') + 1) : "";
-  if (intDigits == "0") intDigits.clear();
+  // Digits rounded as the value is displayed, the same as Format's (1.005 -> "1.01").
+  std::string intDigits, decDigits;
+  decimalDigits(std::fabs(value), decPlaces, intDigits, decDigits);
+  bool roundsToZero = intDigits.empty() && decDigits.find_first_not_of('0') == std::string::npos;
 
   // Integer part: placeholders from the right take the digits; x drops what is left of it.
   std::string integerPart;
@@ -432,56 +442,53 @@ std::string formatWordNumber(double value, std::string_view picture) {
     decimalPart += rs.decimalSeparator;
     decimalPart += decDigits;
   }
-  bool negative = value < 0 && rounded != 0;
+  bool negative = value < 0 && !roundsToZero;
   std::string sign = negative && !explicitNegative && !hasSignChar ? "-" : "";
   return sign + literal(std::string_view(section).substr(0, firstPlace), negative, value == 0) +
          integerPart + decimalPart +
          literal(std::string_view(section).substr(lastPlace + 1), negative, value == 0);
 }
 
-std::string toUpperText(std::string_view text) {
-  icu::UnicodeString u = toUnicode(text);
-  u.toUpper(icu::Locale::getRoot());
-  return toUtf8(u);
-}
-
-std::string toLowerText(std::string_view text) {
-  icu::UnicodeString u = toUnicode(text);
-  u.toLower(icu::Locale::getRoot());
-  return toUtf8(u);
-}
-
 std::string capsText(std::string_view text) {
-  icu::UnicodeString u = toUnicode(text);
-  icu::UnicodeString out;
-  bool wordStart = true;
-  for (int32_t i = 0; i < u.length();) {
-    UChar32 c = u.char32At(i);
-    i += U16_LENGTH(c);
-    if (u_isspace(c)) {
-      wordStart = true;
-      out.append(c);
+  std::string out;
+  out.reserve(text.size());
+  size_t i = 0;
+  while (i < text.size()) {
+    Character c = characterAt(text, i);
+    if (isSpace(c)) {
+      out.append(text.substr(i, c.size));
+      i += c.size;
       continue;
     }
-    out.append(wordStart ? u_totitle(c) : u_tolower(c));
-    wordStart = false;
+    // A word: its first letter up, the rest down.
+    appendTitleCase(out, text, i, c);
+    size_t rest = i + c.size, end = rest;
+    while (end < text.size()) {
+      Character next = characterAt(text, end);
+      if (isSpace(next)) break;
+      end += next.size;
+    }
+    out += LCase(text.substr(rest, end - rest));
+    i = end;
   }
-  return toUtf8(out);
+  return out;
 }
 
 std::string firstCapText(std::string_view text) {
-  icu::UnicodeString u = toUnicode(text);
-  for (int32_t i = 0; i < u.length();) {
-    UChar32 c = u.char32At(i);
-    if (!u_isspace(c)) {
-      icu::UnicodeString head;
-      head.append(u_totitle(c));
-      u.replace(i, U16_LENGTH(c), head);
-      break;
+  std::string out;
+  out.reserve(text.size());
+  size_t i = 0;
+  while (i < text.size()) {
+    Character c = characterAt(text, i);
+    if (!isSpace(c)) {
+      appendTitleCase(out, text, i, c);
+      out.append(text.substr(i + c.size));
+      return out;
     }
-    i += U16_LENGTH(c);
+    out.append(text.substr(i, c.size));
+    i += c.size;
   }
-  return toUtf8(u);
+  return out;
 }
 
 }  // namespace nvwm::docx

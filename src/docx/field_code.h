@@ -50,13 +50,15 @@ std::string formatWordDate(Date date, std::string_view picture);
 // Word's numeric picture: 0 (digit or 0), # (digit or nothing: current Word shows "$15" for
 // 15 in "$###", not the "$ 15" of old manuals), x (drops digits on its left),
 // . and , (decimal point, grouping), - and + (sign), "positive;negative;zero" sections,
-// 'quoted text'; any other character stands for itself.
+// 'quoted text'; any other character stands for itself. Digits are rounded half away from zero
+// as the value is displayed, as Format rounds them (runtime/decimal_digits.h): 1.005 in "0.00"
+// is "1.01".
 std::string formatWordNumber(double value, std::string_view picture);
 
-// \* case formats on UTF-8 text.
-std::string toUpperText(std::string_view text);
-std::string toLowerText(std::string_view text);
-std::string capsText(std::string_view text);      // Caps: each word's first letter up
-std::string firstCapText(std::string_view text);  // FirstCap: the first letter up
+// The \* case formats Caps (each word's first letter up, the rest of it down) and FirstCap (the
+// first letter up). Upper and Lower are the runtime's UCase and LCase. Bytes that are not
+// UTF-8 stay as they are (runtime/utf8.h).
+std::string capsText(std::string_view text);
+std::string firstCapText(std::string_view text);
 
 }  // namespace nvwm::docx

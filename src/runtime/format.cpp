@@ -2,10 +2,8 @@
 // printed for one value. Date patterns and number patterns are two small languages that share
 // only their literal rules: "quoted text", \x, and any character that is no placeholder.
 //
-// Number digits come from the value's 15 significant decimal digits (as the runtime shows a
-// Double), rounded half away from zero there. Rounding on the binary value instead would print
-// 1.005 as "1.00", which no user reads as right.
-#include "runtime/ascii.h"
+// Number digits come from decimalDigits (runtime/decimal_digits.h): the value's 15 significant
+// decimal digits, rounded half away from zero there.
 #include "runtime/format.h"
 
 #include <algorithm>
@@ -15,7 +13,9 @@
 #include <cstring>
 #include <vector>
 
+#include "runtime/ascii.h"
 #include "runtime/convert.h"
+#include "runtime/decimal_digits.h"
 #include "runtime/error.h"
 #include "runtime/regional.h"
 #include "runtime/utf8.h"
@@ -25,9 +25,9 @@ namespace {
 
 char lower(char c) { return c >= 'A' && c <= 'Z' ? char(c + ('a' - 'A')) : c; }
 
-
 bool startsWithNoCase(std::string_view s, size_t i, std::string_view prefix) {
-  return s.size() - i >= prefix.size() && equalsIgnoringAsciiCase(s.substr(i, prefix.size()), prefix);
+  return s.size() - i >= prefix.size() &&
+         equalsIgnoringAsciiCase(s.substr(i, prefix.size()), prefix);
 }
 
 void appendNumber(std::string& out, int value, int width) {
@@ -382,44 +382,6 @@ void requireFinite(double v) {
   if (!std::isfinite(v)) raise(ErrorNumber::kOverflow, "the number can't be shown");
 }
 
-// The digits of v >= 0 rounded half away from zero at `decimals` places, taken from its 15
-// significant digits: the integer digits without leading zeros ("" for 0) and exactly
-// `decimals` fraction digits.
-void decimalDigits(double v, int decimals, std::string& whole, std::string& fraction) {
-  whole.clear();
-  fraction.assign(static_cast<size_t>(decimals), '0');
-  if (v == 0 || !std::isfinite(v)) return;
-  char buf[48];
-  std::snprintf(buf, sizeof buf, "%.14e", v);  // d.dddddddddddddde+XX
-  std::string digits;
-  digits += buf[0];
-  digits.append(buf + 2, 14);
-  int point = std::atoi(std::strchr(buf, 'e') + 1) + 1;  // digits before the decimal point
-  int keep = point + decimals;
-  if (keep < 0) return;
-  if (keep < static_cast<int>(digits.size())) {
-    bool up = digits[keep] >= '5';
-    digits.resize(static_cast<size_t>(keep));
-    if (up) {
-      int k = keep - 1;
-      while (k >= 0 && digits[k] == '9') digits[k--] = '0';
-      if (k < 0) {
-        digits.insert(digits.begin(), '1');
-        ++point;
-      } else {
-        ++digits[k];
-      }
-    }
-  }
-  auto digitAt = [&](int index) {
-    return index >= 0 && index < static_cast<int>(digits.size()) ? digits[index] : '0';
-  };
-  for (int i = 0; i < point; ++i) whole += digitAt(i);
-  size_t nonZero = whole.find_first_not_of('0');
-  whole.erase(0, nonZero == std::string::npos ? whole.size() : nonZero);
-  for (int j = 0; j < decimals; ++j) fraction[j] = digitAt(point + j);
-}
-
 // v / 10^e without passing through 0 or infinity on the way: 10^-324 is 0 in a double, yet
 // 5e-324 / 10^-324 is 5.
 double divideByPowerOf10(double v, int e) {
@@ -691,14 +653,16 @@ std::string generalDateText(Date date) {
 }
 
 std::string formatDate(Date date, std::string_view pattern) {
-  if (pattern.empty() || equalsIgnoringAsciiCase(pattern, "General Date")) return generalDateText(date);
+  if (pattern.empty() || equalsIgnoringAsciiCase(pattern, "General Date"))
+    return generalDateText(date);
   std::string_view named = namedDatePattern(pattern);
   return formatDatePattern(date, named.empty() ? pattern : named);
 }
 
 std::string formatNumber(double value, std::string_view pattern) {
   requireFinite(value);
-  if (pattern.empty() || equalsIgnoringAsciiCase(pattern, "General Number")) return doubleToText(value);
+  if (pattern.empty() || equalsIgnoringAsciiCase(pattern, "General Number"))
+    return doubleToText(value);
   std::string_view named = namedNumberPattern(pattern);
   return formatNumberPattern(value, named.empty() ? pattern : named);
 }

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "runtime/date.h"
+#include "runtime/format.h"
 
 namespace nvwm::docx {
 namespace {
@@ -99,6 +100,12 @@ TEST(WordNumericPictureTest, FormatsLikeWord) {
       {15, "$###", "$15"},
       {5, "$#,##0.00", "$5.00"},
       {0.125, "0.00", "0.13"},  // half away from zero
+      {1.005, "0.00", "1.01"},  // as displayed, not as the binary value (1.00499999...)
+      {2.675, "#,##0.00", "2.68"},
+      {-1.005, "0.00", "-1.01"},
+      {-0.001, "0.00", "0.00"},  // rounds to zero: no sign
+      {0.0049, "0.00", "0.00"},
+      {9.995, "0.00", "10.00"},
       {492492, "x##", "492"},
       {-80, "-##", "-80"},
       {10, "+##", "+10"},
@@ -107,6 +114,15 @@ TEST(WordNumericPictureTest, FormatsLikeWord) {
   for (const auto& c : cases) {
     SCOPED_TRACE(c.picture + std::string(" ") + std::to_string(c.value));
     EXPECT_EQ(formatWordNumber(c.value, c.picture), c.expected);
+  }
+}
+
+// This was "1.00" in a merge field and "1.01" in Format: the two pictures rounded apart.
+TEST(WordNumericPictureTest, RoundsLikeFormat) {
+  for (double value : {1.005, 2.675, 0.125, 1234.565, 0.0049999, 1e15 + 0.5, 99.995}) {
+    SCOPED_TRACE(value);
+    EXPECT_EQ(formatWordNumber(value, "0.00"), Format(Variant(value), "0.00"));
+    EXPECT_EQ(formatWordNumber(value, "#,##0.0"), Format(Variant(value), "#,##0.0"));
   }
 }
 
@@ -132,6 +148,8 @@ TEST(MergeValueTest, SwitchesApplyInWordsOrder) {
       {"MERGEFIELD A \\# \"$#,##0.00\"", Variant(1234.5), "$1,234.50"},
       {"MERGEFIELD A \\# \"$#,##0.00\"", Variant("1234.5"), "$1,234.50"},
       {"MERGEFIELD A \\# \"$#,##0.00\"", Variant("n/a"), "n/a"},
+      {"MERGEFIELD A \\# 0.00", Variant(1.005), "1.01"},
+      {"MERGEFIELD A \\# 0.00", Variant("1.005"), "1.01"},
       {"MERGEFIELD A", Variant(int32_t{42}), "42"},
       {"MERGEFIELD A", Variant(2.5), "2.5"},
       {"MERGEFIELD A", Variant(true), "True"},
@@ -142,6 +160,44 @@ TEST(MergeValueTest, SwitchesApplyInWordsOrder) {
     auto code = parseMergeField(c.instruction);
     ASSERT_TRUE(code);
     EXPECT_EQ(formatMergeValue(*code, c.value), c.expected);
+  }
+}
+
+// Bytes that are not UTF-8 stay as they are: they never reach ICU as U+FFFD.
+TEST(MergeValueTest, CaseSwitchesKeepBytesThatAreNotUtf8) {
+  const struct {
+    const char* instruction;
+    const char* value;
+    const char* expected;
+  } cases[] = {
+      {"MERGEFIELD N \\* Upper", "caf\xC3\xA9 \xFFok", "CAF\xC3\x89 \xFFOK"},
+      {"MERGEFIELD N \\* Lower",
+       "\xE2\x82 \xC3\x89"
+       "COLE",
+       "\xE2\x82 \xC3\xA9"
+       "cole"},
+      {"MERGEFIELD N \\* Caps", "ann\xFFLEE \xC3\xA9mile", "Ann\xFFlee \xC3\x89mile"},
+      {"MERGEFIELD N \\* Caps",
+       "\xFF"
+       "ann bob",
+       "\xFF"
+       "ann Bob"},
+      {"MERGEFIELD N \\* FirstCap", "  \xC3\xA9mile lee", "  \xC3\x89mile lee"},
+      {"MERGEFIELD N \\* FirstCap",
+       "\xC0"
+       "ann",
+       "\xC0"
+       "ann"},
+      {"MERGEFIELD N \\* Upper",
+       "stra\xC3\x9F"
+       "e",
+       "STRASSE"},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.instruction + std::string(" ") + c.value);
+    auto code = parseMergeField(c.instruction);
+    ASSERT_TRUE(code);
+    EXPECT_EQ(formatMergeValue(*code, Variant(c.value)), c.expected);
   }
 }
 

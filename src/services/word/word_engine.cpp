@@ -21,14 +21,14 @@
 #include <iostream>
 #include <optional>
 
-#include "runtime/clock.h"
-#include "runtime/convert.h"
-#include "runtime/error.h"
 #include "docx/data_source.h"
 #include "docx/field_code.h"
 #include "docx/mail_merge.h"
-#include "docx/merge_template.h"
 #include "docx/package.h"
+#include "docx/xml_writer.h"
+#include "runtime/clock.h"
+#include "runtime/convert.h"
+#include "runtime/error.h"
 
 extern char** environ;
 
@@ -36,14 +36,14 @@ namespace nvwm::wordengine {
 namespace {
 
 namespace fs = std::filesystem;
-using docx::MergeData;
-using docx::Package;
 using docx::appendRuns;
 using docx::formatWordDate;
 using docx::isMainDocument;
 using docx::kParseFlags;
 using docx::kTypeDocumentMain;
+using docx::MergeData;
 using docx::mergeDocument;
+using docx::Package;
 using docx::readMailMergeLink;
 using docx::serialize;
 using docx::writeMailMergeLink;

@@ -1,0 +1,255 @@
+// The rows of a merge: each record's copy is rendered whole into buffers of its own (body,
+// headers, notes), then handed to the sink. A copy's section break is written before the next
+// copy, with the previous copy's references, so that nothing handed over is ever looked at
+// again.
+#include "docx/render_merge.h"
+
+#include <algorithm>
+#include <charconv>
+#include <unordered_map>
+
+#include "docx/xml_writer.h"
+
+namespace nvwm::docx {
+namespace {
+
+// A numeric id moved on by `copy` strides; any other id as it is.
+std::string shifted(std::string_view id, size_t copy, long stride) {
+  long value = 0;
+  auto [end, error] = std::from_chars(id.data(), id.data() + id.size(), value);
+  if (id.empty() || error != std::errc() || end != id.data() + id.size()) return std::string(id);
+  return std::to_string(value + static_cast<long>(copy) * stride);
+}
+
+std::string copyRelationshipId(size_t copy, size_t header) {
+  return "rIdMerge" + std::to_string(copy + 1) + "h" + std::to_string(header + 1);
+}
+
+// The references of one copy.
+class CopyReferences : public ReferenceResolver {
+ public:
+  CopyReferences(const CompiledTemplate& compiled,
+                 const std::unordered_map<std::string, size_t>& headerOfRelationship, size_t copy)
+      : compiled_(compiled), headerOfRelationship_(headerOfRelationship), copy_(copy) {}
+
+  void append(std::string& out, RefKind kind, std::string_view original) const override {
+    switch (kind) {
+      case RefKind::kRelationship: {
+        auto it = headerOfRelationship_.find(std::string(original));
+        if (it != headerOfRelationship_.end()) {
+          out += copyRelationshipId(copy_, it->second);
+          return;
+        }
+        break;
+      }
+      case RefKind::kFootnote:
+      case RefKind::kEndnote:
+      case RefKind::kComment:
+        if (const CompiledNotes* notes = compiled_.notesOf(kind)) {
+          appendEscapedAttribute(out, notes->idFor(original, copy_));
+          return;
+        }
+        break;
+      case RefKind::kDrawing:
+        appendEscapedAttribute(out, shifted(original, copy_, compiled_.body.drawingStride));
+        return;
+      case RefKind::kBookmark:
+        appendEscapedAttribute(out, shifted(original, copy_, compiled_.body.bookmarkStride));
+        return;
+    }
+    appendEscapedAttribute(out, original);
+  }
+
+ private:
+  const CompiledTemplate& compiled_;
+  const std::unordered_map<std::string, size_t>& headerOfRelationship_;
+  size_t copy_;
+};
+
+// One merge: the template bound to the data, the copies written so far.
+class MergeRun {
+ public:
+  MergeRun(const CompiledTemplate& compiled, const MergeData& data, MergeSink& sink)
+      : compiled_(compiled),
+        sink_(sink),
+        cursor_(data),
+        body_(compiled.body.content, data),
+        section_(compiled.body.section, data) {
+    for (const CompiledHeader& h : compiled.headers) {
+      headerOfRelationship_.emplace(h.relId, h.ordinal);
+      headers_.emplace_back(h.program, data);
+    }
+    for (const CompiledNotes& n : compiled.notes) notes_.emplace_back(n.notes, data);
+    headerXml_.resize(headers_.size());
+    notesXml_.resize(notes_.size());
+    size_t slash = compiled.mainPart.rfind('/');
+    folder_ = slash == std::string::npos ? "" : compiled.mainPart.substr(0, slash + 1);
+  }
+
+  size_t run() {
+    sink_.append(compiled_.mainPart, compiled_.body.prefix);
+    for (; !cursor_.atEnd(); cursor_.advance()) {
+      renderCopy();
+      commitCopy();
+    }
+    if (copies_ == 0) {
+      writeWithoutRecords();
+    } else {
+      std::string last;
+      section_.render(cursor_, CopyReferences(compiled_, headerOfRelationship_, copies_ - 1), last);
+      sink_.append(compiled_.mainPart, last);
+    }
+    sink_.append(compiled_.mainPart, compiled_.body.suffix);
+    if (copies_ > 0) {
+      for (const CompiledNotes& n : compiled_.notes) sink_.append(n.part, n.tail);
+    }
+    return copies_;
+  }
+
+ private:
+  // The copy of the record under the cursor, into the copy's buffers.
+  void renderCopy() {
+    CopyReferences references(compiled_, headerOfRelationship_, copies_);
+    for (size_t k = 0; k < headers_.size(); ++k) {
+      headerXml_[k].clear();
+      headers_[k].render(cursor_, references, headerXml_[k]);
+    }
+    for (size_t k = 0; k < notes_.size(); ++k) {
+      notesXml_[k].clear();
+      notes_[k].render(cursor_, references, notesXml_[k]);
+    }
+    bodyXml_.clear();
+    body_.render(cursor_, references, bodyXml_);
+  }
+
+  // Hands the copy over: the previous copy's section break, the body, the parts of its own.
+  void commitCopy() {
+    const std::string& mainPart = compiled_.mainPart;
+    if (copies_ > 0) {
+      std::string separator = "<w:p><w:pPr>";
+      section_.render(cursor_, CopyReferences(compiled_, headerOfRelationship_, copies_ - 1),
+                      separator);
+      separator += "</w:pPr></w:p>";
+      sink_.append(mainPart, separator);
+    }
+    sink_.append(mainPart, bodyXml_);
+    for (size_t k = 0; k < headers_.size(); ++k) {
+      const CompiledHeader& h = compiled_.headers[k];
+      std::string name = newPartName(h.relType == kRelHeader ? "header" : "footer");
+      sink_.put(folder_ + name, std::move(headerXml_[k]), h.contentType);
+      if (h.ownRels) sink_.put(Package::relsPartOf(folder_ + name), *h.ownRels, {});
+      sink_.relate({copyRelationshipId(copies_, h.ordinal), h.relType, name, false});
+    }
+    for (size_t k = 0; k < notes_.size(); ++k) {
+      const CompiledNotes& n = compiled_.notes[k];
+      if (copies_ == 0) sink_.append(n.part, n.head);
+      sink_.append(n.part, notesXml_[k]);
+    }
+    sink_.endCopy();
+    ++copies_;
+  }
+
+  // No record: one empty paragraph; the headers keep their place, their fields empty, as in
+  // the body; the notes stay as they are.
+  void writeWithoutRecords() {
+    KeepReferences keep;
+    std::string xml = "<w:p/>";
+    section_.render(cursor_, keep, xml);
+    sink_.append(compiled_.mainPart, xml);
+    for (size_t k = 0; k < headers_.size(); ++k) {
+      std::string header;
+      headers_[k].render(cursor_, keep, header);
+      sink_.put(compiled_.headers[k].part, std::move(header), {});
+    }
+  }
+
+  // A part name in the main document's folder that the template doesn't use ("header3.xml").
+  std::string newPartName(const char* stem) {
+    std::string name;
+    do {
+      name = stem + std::to_string(++partCounter_) + ".xml";
+    } while (compiled_.partNames.count(folder_ + name) > 0);
+    return name;
+  }
+
+  const CompiledTemplate& compiled_;
+  MergeSink& sink_;
+  RecordCursor cursor_;
+  BoundProgram body_;
+  BoundProgram section_;
+  std::vector<BoundProgram> headers_;
+  std::vector<BoundProgram> notes_;
+  std::unordered_map<std::string, size_t> headerOfRelationship_;  // id -> ordinal
+  std::string folder_;  // of the main document part, "word/"
+  std::string bodyXml_;
+  std::vector<std::string> headerXml_;
+  std::vector<std::string> notesXml_;
+  size_t copies_ = 0;
+  size_t partCounter_ = 0;
+};
+
+}  // namespace
+
+void KeepReferences::append(std::string& out, RefKind, std::string_view original) const {
+  appendEscapedAttribute(out, original);
+}
+
+BoundProgram::BoundProgram(const MergeProgram& program, const MergeData& data)
+    : program_(program), runs_(program.fields.size()), madeFor_(program.fields.size(), 0) {
+  columns_.reserve(program.fields.size());
+  for (const FieldSlot& f : program.fields) columns_.push_back(data.column(f.code.name));
+}
+
+const std::string& BoundProgram::runs(uint32_t field, const RecordCursor& cursor) {
+  uint64_t key = cursor.generation() + 1;
+  std::string& out = runs_[field];
+  if (madeFor_[field] == key) return out;
+  madeFor_[field] = key;
+  out.clear();
+  const FieldSlot& slot = program_.fields[field];
+  const std::optional<size_t>& column = columns_[field];
+  if (!column) {
+    appendRuns(out, slot.runProperties, kMissingFieldText, slot.inInstruction);
+    return out;
+  }
+  static const Variant kEmpty;
+  const std::vector<Variant>* record = cursor.record();
+  const Variant& value = record && *column < record->size() ? (*record)[*column] : kEmpty;
+  appendRuns(out, slot.runProperties, formatMergeValue(slot.code, value), slot.inInstruction);
+  return out;
+}
+
+void BoundProgram::render(const RecordCursor& cursor, const ReferenceResolver& references,
+                          std::string& out) {
+  const std::vector<Op>& ops = program_.ops();
+  size_t next = 0;
+  while (next < ops.size()) {
+    const Op& op = ops[next++];
+    switch (op.kind) {
+      case OpKind::kXml:
+        out.append(program_.text(op));
+        break;
+      case OpKind::kField:
+        out += runs(op.index, cursor);
+        break;
+      case OpKind::kGroupBegin: {
+        const std::vector<uint32_t>& slots = program_.groups[op.index].slots;
+        bool blank = std::all_of(slots.begin(), slots.end(),
+                                 [&](uint32_t s) { return runs(s, cursor).empty(); });
+        if (blank) next = op.target;
+        break;
+      }
+      case OpKind::kGroupEnd:
+        break;
+      case OpKind::kReference:
+        references.append(out, op.reference, program_.text(op));
+        break;
+    }
+  }
+}
+
+size_t renderMerge(const CompiledTemplate& compiled, const MergeData& data, MergeSink& sink) {
+  return MergeRun(compiled, data, sink).run();
+}
+
+}  // namespace nvwm::docx
