@@ -65,8 +65,7 @@ std::string deflateRaw(std::string_view data) {
   // Let libzip write a one-entry zip into memory, then take the entry's packed bytes out.
   zip_error_t error;
   zip_error_init(&error);
-  std::unique_ptr<zip_source_t, SourceFree> buffer(
-      zip_source_buffer_create(nullptr, 0, 0, &error));
+  std::unique_ptr<zip_source_t, SourceFree> buffer(zip_source_buffer_create(nullptr, 0, 0, &error));
   if (!buffer) libzipFailed("no buffer");
   zip_source_keep(buffer.get());
   zip_t* archive = zip_open_from_source(buffer.get(), ZIP_TRUNCATE, &error);

@@ -7,14 +7,18 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace nvwm::fuzzing {
 
 struct ZipEntry {
+  ZipEntry(std::string name, std::string data, bool deflate = true)
+      : name(std::move(name)), data(std::move(data)), deflate(deflate) {}
+
   std::string name;
-  std::string data;      // the part's bytes, unpacked
-  bool deflate = true;   // packed with deflate, or stored as it is
+  std::string data;     // the part's bytes, unpacked
+  bool deflate = true;  // packed with deflate, or stored as it is
   // The unpacked size the headers give (local header and directory alike); data.size() when
   // not set.
   std::optional<uint64_t> claimedSize;
