@@ -455,7 +455,16 @@ NumberSection parseNumberSection(std::string_view p) {
     }
   }
   // A comma between digit placeholders of the whole part turns on grouping; commas that end
-  // the whole part divide by 1000 each; any other comma is printed.
+  // the whole part divide by 1000 each; any other comma is printed. What follows each piece
+  // is found in one pass from the end, so a pattern of many commas stays linear.
+  std::vector<size_t> nextNonComma(pieces.size() + 1, pieces.size());
+  std::vector<bool> digitAheadInWhole(pieces.size() + 1, false);
+  for (size_t k = pieces.size(); k-- > 0;) {
+    const NumberPiece& piece = pieces[k];
+    nextNonComma[k] = piece.kind == NumberKind::kComma ? nextNonComma[k + 1] : k;
+    bool endsWhole = piece.kind == NumberKind::kPoint || piece.kind == NumberKind::kExponent;
+    digitAheadInWhole[k] = !endsWhole && (piece.kind == NumberKind::kDigit || digitAheadInWhole[k + 1]);
+  }
   std::vector<NumberPiece> resolved;
   bool inWhole = true;
   bool digitBefore = false;
@@ -467,16 +476,10 @@ NumberSection parseNumberSection(std::string_view p) {
       resolved.push_back(piece);
       continue;
     }
-    size_t next = k + 1;
-    while (next < pieces.size() && pieces[next].kind == NumberKind::kComma) ++next;
-    bool digitAfterInWhole = false;
-    for (size_t j = next; j < pieces.size(); ++j) {
-      if (pieces[j].kind == NumberKind::kPoint || pieces[j].kind == NumberKind::kExponent) break;
-      if (pieces[j].kind == NumberKind::kDigit) digitAfterInWhole = true;
-    }
+    size_t next = nextNonComma[k];
     if (inWhole && digitBefore && next < pieces.size() && pieces[next].kind == NumberKind::kDigit) {
       section.grouping = true;
-    } else if (inWhole && digitBefore && !digitAfterInWhole) {
+    } else if (inWhole && digitBefore && !digitAheadInWhole[next]) {
       ++section.scaleThousands;
     } else {
       resolved.push_back({NumberKind::kLiteral, 0, false, 0, ","});
