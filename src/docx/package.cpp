@@ -179,7 +179,7 @@ class PartReader {
                             bytesText(limits_.maxPartSize));
     }
     uint64_t ratio = limits_.maxCompressionRatio;
-    if (size > limits_.ratioFloor && size > timesOrMax(std::max<uint64_t>(packed, 1), ratio)) {
+    if (size >= limits_.ratioFloor && size > timesOrMax(std::max<uint64_t>(packed, 1), ratio)) {
       overLimit(label_, "part " + name + " unpacks to more than " + std::to_string(ratio) +
                             " times its packed size");
     }
