@@ -68,8 +68,11 @@ std::string run(const std::string& text, const std::string& rPr = "") {
   return "<w:r>" + rPr + R"(<w:t xml:space="preserve">)" + text + "</w:t></w:r>";
 }
 std::string para(const std::string& runs) { return "<w:p>" + runs + "</w:p>"; }
+// A w:fldSimple; the instruction is escaped for its attribute.
 std::string simple(const std::string& instr) {
-  return R"(<w:fldSimple w:instr=")" + instr + R"(">)" + run("«x»") + "</w:fldSimple>";
+  std::string escaped;
+  for (char c : instr) escaped += c == '"' ? std::string("&quot;") : std::string(1, c);
+  return R"(<w:fldSimple w:instr=")" + escaped + R"(">)" + run("«x»") + "</w:fldSimple>";
 }
 std::string complex(const std::vector<std::string>& pieces) {
   std::string out = R"(<w:r><w:fldChar w:fldCharType="begin"/></w:r>)";

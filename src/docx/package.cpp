@@ -30,6 +30,7 @@
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
+#include <fstream>
 #include <sstream>
 
 #include "runtime/error.h"
@@ -83,9 +84,12 @@ struct ZipFileCloser {
 
 // zip_open's failure: not a zip at all, unreadable, or a zip whose directory doesn't hold
 // together (libzip says "No such file" when a zip64 size it was promised is missing).
-[[noreturn]] void refuseArchive(const std::string& label, int code) {
+// startsLikeZip: the bytes begin with a zip's first local header, so a missing directory
+// means a zip cut short.
+[[noreturn]] void refuseArchive(const std::string& label, int code, bool startsLikeZip) {
   switch (code) {
     case ZIP_ER_NOZIP:
+      if (startsLikeZip) damaged(label, "its zip directory is missing (is the file cut short?)");
       raise(ErrorNumber::kDocumentError,
             label + " is not a .docx document (" + zipErrorText(code) + ")");
     case ZIP_ER_OPEN:
@@ -102,6 +106,8 @@ struct ZipFileCloser {
       damaged(label, "its zip directory can't be read (" + zipErrorText(code) + ")");
   }
 }
+
+bool startsLikeZip(std::string_view bytes) { return bytes.substr(0, 4) == "PK\x03\x04"; }
 
 std::string bytesText(uint64_t n) {
   std::string text = std::to_string(n) + " bytes";
@@ -270,7 +276,11 @@ std::unique_ptr<Package> Package::load(const std::string& path, const ReadLimits
 
   int code = 0;
   std::unique_ptr<zip_t, ZipCloser> zip(zip_open(path.c_str(), ZIP_RDONLY, &code));
-  if (!zip) refuseArchive("'" + path + "'", code);
+  if (!zip) {
+    char head[4] = {};
+    std::ifstream(path, std::ios::binary).read(head, sizeof head);
+    refuseArchive("'" + path + "'", code, startsLikeZip(std::string_view(head, sizeof head)));
+  }
   return readZip(zip.get(), "'" + path + "'", packedSize, limits);
 }
 
@@ -288,7 +298,7 @@ std::unique_ptr<Package> Package::loadBytes(std::string_view bytes, const std::s
   zip_error_fini(&error);
   if (!zip) {
     zip_source_free(source);
-    refuseArchive("'" + name + "'", code);
+    refuseArchive("'" + name + "'", code, startsLikeZip(bytes));
   }
   return readZip(zip.get(), "'" + name + "'", bytes.size(), limits);
 }
@@ -316,7 +326,8 @@ std::unique_ptr<Package> Package::readZip(zip_t* zip, const std::string& label, 
           label + " is a zip file but not a .docx document (no " + package->mainPart_ + ")");
   }
   // Refuse a main part that is not XML now rather than at the first edit.
-  package->xml(package->mainPart_);
+  if (std::string why = package->parse(*package->find(package->mainPart_)); !why.empty())
+    damaged(label, why);
   return package;
 }
 
@@ -446,23 +457,26 @@ std::string Package::joined(const Part& part) {
 pugi::xml_document& Package::xml(std::string_view name) {
   Part* part = find(name);
   if (!part) raise(ErrorNumber::kDocumentError, "the document has no part " + std::string(name));
-  if (!part->dom) {
-    if (!part->fragments.empty()) {
-      part->bytes = joined(*part);
-      part->fragments.clear();
-    }
-    auto dom = std::make_unique<pugi::xml_document>();
-    pugi::xml_parse_result result =
-        dom->load_buffer(part->bytes.data(), part->bytes.size(), kParseFlags, pugi::encoding_utf8);
-    if (!result) {
-      raise(ErrorNumber::kDocumentError, "part " + part->name + " is not well-formed XML (" +
-                                             result.description() + " at offset " +
-                                             std::to_string(result.offset) + ")");
-    }
-    part->dom = std::move(dom);
-    std::string().swap(part->bytes);
-  }
+  if (std::string why = parse(*part); !why.empty()) raise(ErrorNumber::kDocumentError, why);
   return *part->dom;
+}
+
+std::string Package::parse(Part& part) {
+  if (part.dom) return {};
+  if (!part.fragments.empty()) {
+    part.bytes = joined(part);
+    part.fragments.clear();
+  }
+  auto dom = std::make_unique<pugi::xml_document>();
+  pugi::xml_parse_result result =
+      dom->load_buffer(part.bytes.data(), part.bytes.size(), kParseFlags, pugi::encoding_utf8);
+  if (!result) {
+    return "part " + part.name + " is not well-formed XML (" + result.description() +
+           " at offset " + std::to_string(result.offset) + ")";
+  }
+  part.dom = std::move(dom);
+  std::string().swap(part.bytes);
+  return {};
 }
 
 void Package::setBytes(std::string_view name, std::string bytes) {

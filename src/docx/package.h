@@ -120,6 +120,8 @@ class Package {
   // Reads every part of an open zip; label names the file in messages ("'letter.docx'").
   static std::unique_ptr<Package> readZip(zip* archive, const std::string& label,
                                           uint64_t packedSize, const ReadLimits& limits);
+  // Parses the part's bytes into its tree unless it has one; "" or what is wrong with them.
+  static std::string parse(Part& part);
   Part* find(std::string_view name);
   const Part* find(std::string_view name) const;
   void locateMainPart();
