@@ -69,6 +69,21 @@ struct StmtFinalizer {
   sourceError(path, why);
 }
 
+// Raises when SQLite's quick check finds the file damaged.
+void requireIntact(sqlite3* db, const std::string& path) {
+  sqlite3_stmt* s = nullptr;
+  if (sqlite3_prepare_v2(db, "PRAGMA quick_check(1)", -1, &s, nullptr) != SQLITE_OK)
+    sqliteError(db, path);
+  std::unique_ptr<sqlite3_stmt, StmtFinalizer> stmt(s);
+  int step = sqlite3_step(s);
+  if (step != SQLITE_ROW) sqliteError(db, path);
+  const unsigned char* verdict = sqlite3_column_text(s, 0);
+  std::string text = verdict ? reinterpret_cast<const char*>(verdict) : "";
+  // The check's own report spans lines and pages; the user needs the verdict.
+  if (text != "ok")
+    sourceError(path, std::string("the file is damaged (") + sqlite3_errstr(SQLITE_CORRUPT) + ")");
+}
+
 Variant typedValue(sqlite3_stmt* stmt, int col, const std::string& declared) {
   int storage = sqlite3_column_type(stmt, col);
   if (storage == SQLITE_NULL) return Variant::null();
@@ -223,7 +238,11 @@ MergeData MergeData::loadSqlite(const std::string& path, std::string_view connec
         tables.emplace_back(name ? reinterpret_cast<const char*>(name) : "");
       }
       if (step != SQLITE_DONE) sqliteError(db.get(), path);
-      if (tables.size() != 1) sourceError(path, "name the table with \"TABLE name\"");
+      if (tables.size() != 1) {
+        // A damaged file may still list its tables: say what is wrong before asking for one.
+        requireIntact(db.get(), path);
+        sourceError(path, "name the table with \"TABLE name\"");
+      }
       table = tables[0];
     }
     data.table_ = table;
@@ -296,10 +315,11 @@ MergeData MergeData::fromCsvText(std::string text, const std::string& path) {
     if (c == '"' && !fieldStarted) {
       fieldStarted = true;
       ++i;
+      size_t openedOn = line;
       for (;;) {
         if (i >= text.size())
-          sourceError(path,
-                      "a quoted value opened on line " + std::to_string(line) + " is never closed");
+          sourceError(path, "a quoted value opened on line " + std::to_string(openedOn) +
+                                " is never closed");
         if (text[i] == '"') {
           if (i + 1 < text.size() && text[i + 1] == '"') {
             field += '"';

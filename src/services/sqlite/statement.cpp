@@ -2,6 +2,8 @@
 
 #include <sqlite3.h>
 
+#include <string>
+
 #include "runtime/error.h"
 #include "services/sqlite/sql_text.h"
 
@@ -9,7 +11,13 @@ namespace nvwm::sqlite {
 
 void fail(std::string_view detail) { raise(ErrorNumber::kDatabaseError, detail); }
 
-void failSqlite(sqlite3* db) { fail(db ? sqlite3_errmsg(db) : "no database"); }
+void failSqlite(sqlite3* db) {
+  if (!db) fail("no database");
+  int code = sqlite3_errcode(db) & 0xff;
+  if (code == SQLITE_CORRUPT || code == SQLITE_NOTADB)
+    fail(std::string("the database file is damaged (") + sqlite3_errmsg(db) + ")");
+  fail(sqlite3_errmsg(db));
+}
 
 namespace {
 
