@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # The main job of the README: installs what is missing, builds, writes the sample practice
-# database, lists its clients and the letter fields, and merges the sample client letter over its companies into out/client-letters.docx.
+# database, and merges the sample client letter (data/sample-letter.docx) over its active
+# clients through clsWordMerge into out/client-letters.docx, then says where the letters are.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 scripts/setup.sh
@@ -10,11 +11,7 @@ mkdir -p out
 rm -f out/sample-practice.db out/client-letters.docx
 "$nvwm" --version
 "$nvwm" sample-db out/sample-practice.db
-echo "Clients in Ontario:"
-"$nvwm" sql --db out/sample-practice.db \
-  "SELECT CompanyName, City, PostalCode FROM Companies WHERE Province = 'Ontario' ORDER BY CompanyName;"
-echo "Merge fields a client letter may use (first 12 of the catalogue):"
-"$nvwm" fields --list-type 1 --db out/sample-practice.db > out/letter-fields.tsv
-head -n 12 out/letter-fields.tsv
-"$nvwm" docx-merge --template data/sample-letter.docx --data out/sample-practice.db \
-  --table Companies --out out/client-letters.docx
+# The merge source database goes to out/work/Temp; earlier runs' are swept after each run.
+"$nvwm" merge --db out/sample-practice.db --list-type company \
+  --template data/sample-letter.docx --out out/client-letters.docx --working-folder out/work
+echo "The client letters are in $(pwd)/out/client-letters.docx"

@@ -39,6 +39,9 @@ namespace catalogue {
 struct FieldBlockSpec;
 struct CustomBlockSpec;
 }  // namespace catalogue
+namespace engine {
+struct DataSets;
+}  // namespace engine
 
 class clsInsertFieldsInRTB {
  public:
@@ -197,6 +200,8 @@ class clsInsertFieldsInRTB {
   int32_t caretPosition();
   // Hands the text and position to a new RTBTextInserter.
   void insertIntoRTB(const std::string& text, int32_t position);
+  // The data-set handles and remembered IDs, lent to the value routines (engine/data_sets.cpp).
+  engine::DataSets dataSets();
   // errorClassRTB as the routines' error service.
   Routine::OwnErrorService errorService() const { return {errorClassRTB_.get()}; }
 

@@ -5,9 +5,8 @@
 // carries its output format inside the field, "(Display Name, mmmm d yyyy)", which the user may
 // edit in the template; every other row is its display name. Today's date is a field of its own
 // form, "(Todays Date, <format>)", without an apostrophe on purpose: the word is part of the form.
-#include <array>
-
 #include "catalogue/cls_insert_fields_in_rtb.h"
+#include "engine/placeholder_grammar.h"
 #include "host/references.h"
 #include "host/routine.h"
 #include "runtime/convert.h"
@@ -21,27 +20,10 @@ constexpr const char* kOpen = "«";
 constexpr const char* kClose = "»";
 constexpr const char* kDateFieldFormat = ", mmmm d yyyy)";
 
-// The date formats a host offers by number, 1 to 14.
-constexpr std::array<const char*, 14> kCurrentDateFormats = {
-    "dddd, mmmm d yyyy",
-    "dddd mmmm d yyyy",
-    "mmmm d, yyyy",
-    "mmmm d yyyy",
-    "mmm d yyyy",
-    "dd/mm/yy",
-    "mm/dd/yy",
-    "d",
-    "dddd",
-    "mmmm",
-    "mmm",
-    "yyyy",
-    "mmmm yyyy",
-    "mmmm d",
-};
-
+// The date formats a host offers by number, 1 to 14: those of the template language, in order.
 std::string currentDateFormat(int32_t dateFormat) {
-  if (dateFormat < 1 || dateFormat > static_cast<int32_t>(kCurrentDateFormats.size())) return "";
-  return kCurrentDateFormats[dateFormat - 1];
+  if (dateFormat < 1 || dateFormat > static_cast<int32_t>(engine::kDateFormats.size())) return "";
+  return engine::kDateFormats[dateFormat - 1].format;
 }
 
 bool isDateRow(IDList& list) {

@@ -2,6 +2,12 @@
 #pragma once
 
 #include <CLI/CLI.hpp>
+#include <memory>
+#include <string>
+
+namespace nvwm {
+class LoggingErrorService;
+}
 
 namespace nvwm::cli {
 
@@ -11,11 +17,19 @@ void registerCommands(CLI::App& app);
 int exitCode();
 void setExitCode(int code);
 
+// Installs as errorClass an error service that logs to standard error under the command's name,
+// so that standard output holds the command's own output alone. Returns it.
+std::shared_ptr<LoggingErrorService> useStderrErrorService(const std::string& command);
+
 // One function per command file.
 void registerSelfCheck(CLI::App& app);
 void registerSampleDb(CLI::App& app);
 void registerSql(CLI::App& app);
 void registerDocxMerge(CLI::App& app);
 void registerFields(CLI::App& app);
+void registerFill(CLI::App& app);
+void registerCheck(CLI::App& app);
+void registerContact(CLI::App& app);
+void registerMerge(CLI::App& app);
 
 }  // namespace nvwm::cli

@@ -9,9 +9,6 @@
 // list box instead, text and ItemData. Without --db the build runs as with no connection (the
 // custom fields get their default names). --date stands for today (the tax names change on
 // 1 July 2010; samples carry the current year).
-#include <spdlog/sinks/stdout_sinks.h>
-#include <spdlog/spdlog.h>
-
 #include <cstdio>
 #include <iostream>
 #include <memory>
@@ -68,11 +65,7 @@ struct FieldsOptions {
 int runFields(const FieldsOptions& o) {
   LibraryReferences& refs = references();
   // Errors go to stderr, so that stdout holds the catalogue alone.
-  auto logger = spdlog::get("fields");
-  if (!logger) logger = spdlog::stderr_logger_mt("fields");
-  auto errors = std::make_shared<LoggingErrorService>(logger);
-  refs.errorClass = errors;
-  refs.errorClassIsSet = true;
+  auto errors = useStderrErrorService("fields");
   refs.LocaleReference = std::make_shared<HostLocale>(o.country, o.province);
   if (!o.date.empty()) {
     std::optional<Date> today = parseIsoDate(o.date);

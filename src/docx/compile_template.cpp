@@ -88,10 +88,20 @@ class ProgramWriter {
         n, [&](pugi::xml_node c) { return enter(c); }, [&](pugi::xml_node c) { leave(c); });
   }
 
+  // One lookup per node on the way down; the way up reads what it found.
   bool enter(pugi::xml_node n) {
-    if (auto group = fields_.groupAt(n)) openGroups_.push_back(program_.beginGroup(*group));
-    if (auto field = fields_.fieldAt(n)) {
-      program_.appendField(*field);
+    if (n.type() != pugi::node_element) {
+      appendOpening(program_.xml(), n, true);
+      return false;
+    }
+    if (named(n, "w:p")) {
+      if (auto group = fields_.groupAt(n)) {
+        openGroups_.push_back({n, program_.beginGroup(*group)});
+      }
+    }
+    if (auto plan = fields_.planAt(n)) {
+      standIn_ = n;
+      writePlan(*plan);
       return false;
     }
     bool leaf = !n.first_child();
@@ -119,10 +129,49 @@ class ProgramWriter {
     return !leaf;
   }
 
+  // What a field becomes: its value, its record moves, or an IF's test and its two results:
+  //   kIf(condition) -> else; result-if-true; kJump -> end; else: result-if-false; end:
+  // The nesting is as deep as the template's, which TemplateFields bounds.
+  void writePlan(uint32_t index) {
+    const FieldPlan& plan = fields_.plan(index);
+    switch (plan.kind) {
+      case FieldPlan::Kind::kValue:
+        program_.appendField(plan.index);
+        break;
+      case FieldPlan::Kind::kNextRecord:
+        program_.appendControl(OpKind::kNextRecord);
+        break;
+      case FieldPlan::Kind::kNextIf:
+        program_.appendControl(OpKind::kNextIf, plan.index);
+        break;
+      case FieldPlan::Kind::kSkipIf:
+        program_.appendControl(OpKind::kSkipIf, plan.index);
+        break;
+      case FieldPlan::Kind::kIf: {
+        uint32_t test = program_.appendControl(OpKind::kIf, plan.index);
+        writePieces(plan.whenTrue);
+        uint32_t jump = program_.appendControl(OpKind::kJump);
+        program_.landHere(test);
+        writePieces(plan.whenFalse);
+        program_.landHere(jump);
+        break;
+      }
+    }
+  }
+
+  void writePieces(const std::vector<FieldPlan::Piece>& pieces) {
+    for (const FieldPlan::Piece& piece : pieces) {
+      if (piece.plan >= 0)
+        writePlan(static_cast<uint32_t>(piece.plan));
+      else
+        program_.xml() += piece.runs;
+    }
+  }
+
   void leave(pugi::xml_node n) {
-    if (!fields_.fieldAt(n)) appendClosing(program_.xml(), n, !n.first_child());
-    if (fields_.groupAt(n)) {
-      program_.endGroup(openGroups_.back());
+    if (n != standIn_) appendClosing(program_.xml(), n, !n.first_child());
+    if (!openGroups_.empty() && openGroups_.back().paragraph == n) {
+      program_.endGroup(openGroups_.back().beginOp);
       openGroups_.pop_back();
     }
   }
@@ -130,7 +179,12 @@ class ProgramWriter {
   MergeProgram& program_;
   const TemplateFields& fields_;
   bool references_;
-  std::vector<uint32_t> openGroups_;
+  struct OpenGroup {
+    pugi::xml_node paragraph;
+    uint32_t beginOp;
+  };
+  std::vector<OpenGroup> openGroups_;
+  pugi::xml_node standIn_;  // the last node that stood for a field
 };
 
 // The XML before and after a node's children: the documents's nodes before it, the start

@@ -154,9 +154,13 @@ std::string fieldKeyword(std::string_view instruction) {
   return upperAscii(instruction.substr(pos, end - pos));
 }
 
-std::optional<MergeFieldCode> parseMergeField(std::string_view instruction) {
+namespace {
+
+// A field of the keyword with a name (takesName) or without, and the common switches.
+std::optional<MergeFieldCode> parseSwitchedField(std::string_view instruction,
+                                                 std::string_view keyword, bool takesName) {
   std::vector<Token> tokens = tokenize(instruction);
-  if (tokens.empty() || tokens[0].isSwitch || upperAscii(tokens[0].text) != "MERGEFIELD") {
+  if (tokens.empty() || tokens[0].isSwitch || upperAscii(tokens[0].text) != keyword) {
     return std::nullopt;
   }
   MergeFieldCode code;
@@ -164,7 +168,7 @@ std::optional<MergeFieldCode> parseMergeField(std::string_view instruction) {
   for (size_t i = 1; i < tokens.size(); ++i) {
     const Token& t = tokens[i];
     if (!t.isSwitch) {
-      if (!haveName) {
+      if (takesName && !haveName) {
         code.name = t.text;
         haveName = true;
       }
@@ -206,8 +210,19 @@ std::optional<MergeFieldCode> parseMergeField(std::string_view instruction) {
         break;
     }
   }
-  if (!haveName || code.name.empty()) return std::nullopt;
+  if (takesName && (!haveName || code.name.empty())) return std::nullopt;
   return code;
+}
+
+}  // namespace
+
+std::optional<MergeFieldCode> parseMergeField(std::string_view instruction) {
+  return parseSwitchedField(instruction, "MERGEFIELD", true);
+}
+
+std::optional<MergeFieldCode> parseCounterField(std::string_view instruction,
+                                                std::string_view keyword) {
+  return parseSwitchedField(instruction, keyword, false);
 }
 
 std::string plainValueText(const Variant& value) {

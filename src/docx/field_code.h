@@ -33,6 +33,10 @@ std::string fieldKeyword(std::string_view instruction);
 // Parses a MERGEFIELD instruction. Nothing when the instruction is another field or has no
 // name. Unknown switches are skipped with their argument.
 std::optional<MergeFieldCode> parseMergeField(std::string_view instruction);
+// Parses a field without a name whose value is a number the merge counts (MERGEREC, MERGESEQ:
+// the keyword, upper-case): its switches, with an empty name. Nothing for another field.
+std::optional<MergeFieldCode> parseCounterField(std::string_view instruction,
+                                                std::string_view keyword);
 
 // The text of a merged value: the switches applied to the value as Word applies them
 // (\# or \@ first, then \*, then \b and \f around a non-empty result).

@@ -32,12 +32,13 @@ void removeMailMergeLink(Package& package);
 // False when the settings ask to keep lines whose merge fields are all empty.
 bool suppressesBlankLines(Package& package);
 
-// The merged document: one copy of the main document's body per row, each ending in a
-// next-page section break that copies the main document's last section properties and
-// restarts page numbering; headers and footers with merge fields are copied and filled per
-// row (new parts and relationships); footnotes and endnotes are copied per row. The result has
-// no mail-merge settings. The main package is not changed. Raises 4198 when the main document
-// part can't be read.
+// The merged document: one copy of the main document's body per record (NEXT and NEXTIF put
+// more records into one copy, SKIPIF drops a record), each ending in a next-page section break
+// that copies the main document's last section properties and restarts page numbering;
+// headers and footers with merge fields are copied and filled per copy (new parts and
+// relationships); footnotes, endnotes and comments are copied per copy. MERGEFIELD, IF,
+// MERGEREC and MERGESEQ become plain text. The result has no mail-merge settings. The main
+// package is not changed. Raises 4198 when the main document part can't be read.
 std::unique_ptr<Package> mergeDocument(Package& main, const MergeData& data);
 
 }  // namespace nvwm::docx

@@ -32,7 +32,16 @@ void MergeProgram::endGroup(uint32_t beginOp) {
   // REQUIRES: beginOp is an open group of this program.
   assert(beginOp < ops_.size() && ops_[beginOp].kind == OpKind::kGroupBegin);
   push(OpKind::kGroupEnd, ops_[beginOp].index);
-  ops_[beginOp].target = static_cast<uint32_t>(ops_.size());
+  landHere(beginOp);
+}
+
+uint32_t MergeProgram::appendControl(OpKind kind, uint32_t index) { return push(kind, index); }
+
+void MergeProgram::landHere(uint32_t from) {
+  // REQUIRES: from is an op of this program.
+  assert(from < ops_.size());
+  closeXml();
+  ops_[from].target = static_cast<uint32_t>(ops_.size());
 }
 
 void MergeProgram::appendReference(RefKind kind, std::string_view original) {

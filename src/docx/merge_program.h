@@ -4,8 +4,9 @@
 //
 // The list is made straight from the parsed tree (compile_template.h); nothing of ours is ever
 // written into the document to find the places again, so no text of a template can be taken
-// for an operation. An operation may jump forward (a group whose fields are all blank goes on
-// after its end); conditions, record moves and counters are further kinds of the same list.
+// for an operation. Operations only jump forward: a group whose fields are all blank goes on
+// after its end, an IF whose condition fails goes on at its second result. Fields may move the
+// record cursor (NEXT, NEXTIF) or drop the copy (SKIPIF).
 #pragma once
 
 #include <cstdint>
@@ -17,11 +18,45 @@
 
 namespace nvwm::docx {
 
-// One merge field of a part.
+// Where a field's value comes from.
+enum class FieldSource : uint8_t {
+  kColumn,          // MERGEFIELD: the column of its name in the record
+  kRecordNumber,    // MERGEREC: the record's position in the data source, from 1
+  kSequenceNumber,  // MERGESEQ: how many records have been merged, this one included
+};
+
+// One field of a part that shows a value.
 struct FieldSlot {
   MergeFieldCode code;
+  FieldSource source = FieldSource::kColumn;
   std::string runProperties;   // the w:rPr the result runs take (serialized), may be empty
   bool inInstruction = false;  // stands inside another field's instruction
+};
+
+// The comparison of IF, NEXTIF and SKIPIF.
+enum class Comparison : uint8_t {
+  kEqual,
+  kNotEqual,
+  kLess,
+  kGreater,
+  kLessOrEqual,
+  kGreaterOrEqual,
+};
+
+// One side of a comparison: literal text and field values, one after the other.
+struct Operand {
+  struct Part {
+    std::string text;    // literal text, when field is -1
+    int32_t field = -1;  // else the value of this field, as text
+  };
+  std::vector<Part> parts;
+  bool quoted = false;  // written in quotes: ? and * are wildcards in = and <>
+};
+
+struct Condition {
+  Operand left;
+  Comparison comparison = Comparison::kEqual;
+  Operand right;
 };
 
 // A paragraph that holds nothing but merge fields: a record leaves it out when all of them
@@ -48,12 +83,17 @@ enum class OpKind : uint8_t {
   kGroupBegin,  // group `index`: when all its fields are blank, go on at op `target`
   kGroupEnd,    // the end of a group (no output)
   kReference,   // a reference of kind `reference`; its value in the template is the text
+  kIf,          // IF: unless condition `index` holds, go on at op `target` (the other result)
+  kJump,        // go on at op `target`
+  kNextRecord,  // NEXT: the cursor moves to the next record
+  kNextIf,      // NEXTIF: the cursor moves to the next record when condition `index` holds
+  kSkipIf,      // SKIPIF: the copy is dropped, and the record, when condition `index` holds
 };
 
 struct Op {
   OpKind kind = OpKind::kXml;
   RefKind reference = RefKind::kRelationship;
-  uint32_t index = 0;   // field or group
+  uint32_t index = 0;   // field, group or condition
   uint32_t target = 0;  // the op to go on at
   size_t offset = 0;    // text span
   size_t size = 0;
@@ -69,6 +109,10 @@ class MergeProgram {
   uint32_t beginGroup(uint32_t group);
   void endGroup(uint32_t beginOp);
   void appendReference(RefKind kind, std::string_view original);
+  // An op without output (kIf, kJump, kNextRecord, kNextIf, kSkipIf); returns its position.
+  uint32_t appendControl(OpKind kind, uint32_t index = 0);
+  // The op at `from` goes on here, at the next op appended.
+  void landHere(uint32_t from);
   // Closes the XML written last. REQUIRES: called once, when building is done.
   void finish();
 
@@ -80,6 +124,7 @@ class MergeProgram {
 
   std::vector<FieldSlot> fields;
   std::vector<SlotGroup> groups;
+  std::vector<Condition> conditions;
 
  private:
   void closeXml();

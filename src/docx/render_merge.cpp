@@ -8,6 +8,7 @@
 #include <charconv>
 #include <unordered_map>
 
+#include "docx/conditional_fields.h"
 #include "docx/xml_writer.h"
 
 namespace nvwm::docx {
@@ -71,6 +72,7 @@ class MergeRun {
  public:
   MergeRun(const CompiledTemplate& compiled, const MergeData& data, MergeSink& sink)
       : compiled_(compiled),
+        data_(data),
         sink_(sink),
         cursor_(data),
         body_(compiled.body.content, data),
@@ -88,15 +90,21 @@ class MergeRun {
 
   size_t run() {
     sink_.append(compiled_.mainPart, compiled_.body.prefix);
-    for (; !cursor_.atEnd(); cursor_.advance()) {
-      renderCopy();
-      commitCopy();
+    while (!cursor_.atEnd()) {
+      RenderState state{cursor_, cursor_.index(), merged_};
+      if (renderCopy(state)) {
+        commitCopy();
+        merged_ += std::min(state.cursor.index(), data_.rowCount() - 1) - state.copyFirstRecord + 1;
+      }
+      // The next copy begins after the last record this one took.
+      cursor_ = state.cursor;
+      cursor_.advance();
     }
     if (copies_ == 0) {
       writeWithoutRecords();
     } else {
       std::string last;
-      section_.render(cursor_, CopyReferences(compiled_, headerOfRelationship_, copies_ - 1), last);
+      renderSection(copies_ - 1, last);
       sink_.append(compiled_.mainPart, last);
     }
     sink_.append(compiled_.mainPart, compiled_.body.suffix);
@@ -107,19 +115,29 @@ class MergeRun {
   }
 
  private:
-  // The copy of the record under the cursor, into the copy's buffers.
-  void renderCopy() {
+  // The copy that begins with the record under the cursor, into the copy's buffers. Headers,
+  // footers and notes show the copy's first record, whatever the body's NEXT fields do.
+  // Returns false when a SKIPIF dropped it.
+  bool renderCopy(RenderState& state) {
     CopyReferences references(compiled_, headerOfRelationship_, copies_);
     for (size_t k = 0; k < headers_.size(); ++k) {
       headerXml_[k].clear();
-      headers_[k].render(cursor_, references, headerXml_[k]);
+      RenderState own = state;
+      headers_[k].render(own, references, headerXml_[k]);
     }
     for (size_t k = 0; k < notes_.size(); ++k) {
       notesXml_[k].clear();
-      notes_[k].render(cursor_, references, notesXml_[k]);
+      RenderState own = state;
+      notes_[k].render(own, references, notesXml_[k]);
     }
     bodyXml_.clear();
-    body_.render(cursor_, references, bodyXml_);
+    return body_.render(state, references, bodyXml_) == RenderEnd::kDone;
+  }
+
+  // The section properties that end a copy.
+  void renderSection(size_t copy, std::string& out) {
+    RenderState state{cursor_, cursor_.index(), merged_};
+    section_.render(state, CopyReferences(compiled_, headerOfRelationship_, copy), out);
   }
 
   // Hands the copy over: the previous copy's section break, the body, the parts of its own.
@@ -127,8 +145,7 @@ class MergeRun {
     const std::string& mainPart = compiled_.mainPart;
     if (copies_ > 0) {
       std::string separator = "<w:p><w:pPr>";
-      section_.render(cursor_, CopyReferences(compiled_, headerOfRelationship_, copies_ - 1),
-                      separator);
+      renderSection(copies_ - 1, separator);
       separator += "</w:pPr></w:p>";
       sink_.append(mainPart, separator);
     }
@@ -153,12 +170,14 @@ class MergeRun {
   // the body; the notes stay as they are.
   void writeWithoutRecords() {
     KeepReferences keep;
+    RenderState state{cursor_, cursor_.index(), merged_};
     std::string xml = "<w:p/>";
-    section_.render(cursor_, keep, xml);
+    section_.render(state, keep, xml);
     sink_.append(compiled_.mainPart, xml);
     for (size_t k = 0; k < headers_.size(); ++k) {
       std::string header;
-      headers_[k].render(cursor_, keep, header);
+      RenderState own = state;
+      headers_[k].render(own, keep, header);
       sink_.put(compiled_.headers[k].part, std::move(header), {});
     }
   }
@@ -173,6 +192,7 @@ class MergeRun {
   }
 
   const CompiledTemplate& compiled_;
+  const MergeData& data_;
   MergeSink& sink_;
   RecordCursor cursor_;
   BoundProgram body_;
@@ -185,6 +205,7 @@ class MergeRun {
   std::vector<std::string> headerXml_;
   std::vector<std::string> notesXml_;
   size_t copies_ = 0;
+  size_t merged_ = 0;  // records merged into the copies handed over
   size_t partCounter_ = 0;
 };
 
@@ -197,30 +218,63 @@ void KeepReferences::append(std::string& out, RefKind, std::string_view original
 BoundProgram::BoundProgram(const MergeProgram& program, const MergeData& data)
     : program_(program), runs_(program.fields.size()), madeFor_(program.fields.size(), 0) {
   columns_.reserve(program.fields.size());
-  for (const FieldSlot& f : program.fields) columns_.push_back(data.column(f.code.name));
+  for (const FieldSlot& f : program.fields) {
+    columns_.push_back(f.source == FieldSource::kColumn ? data.column(f.code.name)
+                                                        : std::optional<size_t>());
+  }
 }
 
-const std::string& BoundProgram::runs(uint32_t field, const RecordCursor& cursor) {
-  uint64_t key = cursor.generation() + 1;
+std::string BoundProgram::valueText(uint32_t field, const RenderState& state) const {
+  const FieldSlot& slot = program_.fields[field];
+  const RecordCursor& cursor = state.cursor;
+  switch (slot.source) {
+    case FieldSource::kColumn: {
+      const std::optional<size_t>& column = columns_[field];
+      if (!column) return std::string(kMissingFieldText);
+      static const Variant kEmpty;
+      const std::vector<Variant>* record = cursor.record();
+      return formatMergeValue(slot.code,
+                              record && *column < record->size() ? (*record)[*column] : kEmpty);
+    }
+    case FieldSource::kRecordNumber:
+      return formatMergeValue(slot.code, Variant(static_cast<double>(cursor.index() + 1)));
+    case FieldSource::kSequenceNumber:
+      return formatMergeValue(slot.code,
+                              Variant(static_cast<double>(state.mergedBefore + cursor.index() -
+                                                          state.copyFirstRecord + 1)));
+  }
+  return {};
+}
+
+const std::string& BoundProgram::runs(uint32_t field, const RenderState& state) {
+  const FieldSlot& slot = program_.fields[field];
   std::string& out = runs_[field];
-  if (madeFor_[field] == key) return out;
+  // A column's value depends on the record only; a counter on where the copy stands.
+  size_t key = state.cursor.index() + 1;
+  if (slot.source == FieldSource::kColumn && madeFor_[field] == key) return out;
   madeFor_[field] = key;
   out.clear();
-  const FieldSlot& slot = program_.fields[field];
-  const std::optional<size_t>& column = columns_[field];
-  if (!column) {
-    appendRuns(out, slot.runProperties, kMissingFieldText, slot.inInstruction);
-    return out;
-  }
-  static const Variant kEmpty;
-  const std::vector<Variant>* record = cursor.record();
-  const Variant& value = record && *column < record->size() ? (*record)[*column] : kEmpty;
-  appendRuns(out, slot.runProperties, formatMergeValue(slot.code, value), slot.inInstruction);
+  appendRuns(out, slot.runProperties, valueText(field, state), slot.inInstruction);
   return out;
 }
 
-void BoundProgram::render(const RecordCursor& cursor, const ReferenceResolver& references,
-                          std::string& out) {
+bool BoundProgram::holds(const Condition& condition, const RenderState& state) const {
+  auto text = [&](const Operand& operand) {
+    std::string out;
+    for (const Operand::Part& part : operand.parts) {
+      if (part.field >= 0)
+        out += valueText(static_cast<uint32_t>(part.field), state);
+      else
+        out += part.text;
+    }
+    return out;
+  };
+  return compareTexts(condition.comparison, text(condition.left), text(condition.right),
+                      condition.right.quoted);
+}
+
+RenderEnd BoundProgram::render(RenderState& state, const ReferenceResolver& references,
+                               std::string& out) {
   const std::vector<Op>& ops = program_.ops();
   size_t next = 0;
   while (next < ops.size()) {
@@ -230,12 +284,12 @@ void BoundProgram::render(const RecordCursor& cursor, const ReferenceResolver& r
         out.append(program_.text(op));
         break;
       case OpKind::kField:
-        out += runs(op.index, cursor);
+        out += runs(op.index, state);
         break;
       case OpKind::kGroupBegin: {
         const std::vector<uint32_t>& slots = program_.groups[op.index].slots;
         bool blank = std::all_of(slots.begin(), slots.end(),
-                                 [&](uint32_t s) { return runs(s, cursor).empty(); });
+                                 [&](uint32_t s) { return runs(s, state).empty(); });
         if (blank) next = op.target;
         break;
       }
@@ -244,8 +298,24 @@ void BoundProgram::render(const RecordCursor& cursor, const ReferenceResolver& r
       case OpKind::kReference:
         references.append(out, op.reference, program_.text(op));
         break;
+      case OpKind::kIf:
+        if (!holds(program_.conditions[op.index], state)) next = op.target;
+        break;
+      case OpKind::kJump:
+        next = op.target;
+        break;
+      case OpKind::kNextRecord:
+        state.cursor.advance();
+        break;
+      case OpKind::kNextIf:
+        if (holds(program_.conditions[op.index], state)) state.cursor.advance();
+        break;
+      case OpKind::kSkipIf:
+        if (holds(program_.conditions[op.index], state)) return RenderEnd::kSkipped;
+        break;
     }
   }
+  return RenderEnd::kDone;
 }
 
 size_t renderMerge(const CompiledTemplate& compiled, const MergeData& data, MergeSink& sink) {

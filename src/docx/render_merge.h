@@ -15,28 +15,37 @@
 
 namespace nvwm::docx {
 
-// The record a merge stands on. Fields read it; a field that moves to the next record moves it.
+// The record a merge stands on. Fields read it; NEXT and NEXTIF move it on.
 class RecordCursor {
  public:
   // REQUIRES: data outlives the cursor.
-  explicit RecordCursor(const MergeData& data) : data_(data) {}
+  explicit RecordCursor(const MergeData& data) : data_(&data) {}
 
-  bool atEnd() const { return index_ >= data_.rowCount(); }
-  // The record's position in the data source, from 0.
+  bool atEnd() const { return index_ >= data_->rowCount(); }
+  // The record's position in the data source, from 0 (the number of records when at the end).
   size_t index() const { return index_; }
   // The record under the cursor; nullptr past the last one (every field is then empty).
-  const std::vector<Variant>* record() const { return atEnd() ? nullptr : &data_.row(index_); }
+  const std::vector<Variant>* record() const { return atEnd() ? nullptr : &data_->row(index_); }
   void advance() {
     if (!atEnd()) ++index_;
-    ++generation_;
   }
-  // Changes whenever the record under the cursor does: the key of values made from it.
-  uint64_t generation() const { return generation_; }
 
  private:
-  const MergeData& data_;
+  const MergeData* data_;
   size_t index_ = 0;
-  uint64_t generation_ = 0;
+};
+
+// Where the rendering of one copy stands.
+struct RenderState {
+  RecordCursor cursor;         // moved on by NEXT and NEXTIF
+  size_t copyFirstRecord = 0;  // the record the copy began with
+  size_t mergedBefore = 0;     // records merged into the copies before this one
+};
+
+// How the rendering of a program ended.
+enum class RenderEnd {
+  kDone,
+  kSkipped,  // a SKIPIF held: the copy is to be dropped
 };
 
 // The value a reference takes in a copy.
@@ -53,23 +62,27 @@ class KeepReferences : public ReferenceResolver {
   void append(std::string& out, RefKind kind, std::string_view original) const override;
 };
 
-// A program bound to a data source: the column of each field, and the runs of each field's
+// A program bound to a data source: the column of each field, and the runs of each column
 // value, made once per record however often the program asks for them.
 class BoundProgram {
  public:
   // REQUIRES: program outlives the binding.
   BoundProgram(const MergeProgram& program, const MergeData& data);
 
-  // Appends the program's XML for the record under the cursor.
-  void render(const RecordCursor& cursor, const ReferenceResolver& references, std::string& out);
+  // Appends the program's XML for the record under the cursor, which NEXT and NEXTIF move on.
+  // Stops at a SKIPIF that holds (the output is then of no use).
+  RenderEnd render(RenderState& state, const ReferenceResolver& references, std::string& out);
 
  private:
-  const std::string& runs(uint32_t field, const RecordCursor& cursor);
+  // The text of a field's value, its switches applied.
+  std::string valueText(uint32_t field, const RenderState& state) const;
+  const std::string& runs(uint32_t field, const RenderState& state);
+  bool holds(const Condition& condition, const RenderState& state) const;
 
   const MergeProgram& program_;
   std::vector<std::optional<size_t>> columns_;
   std::vector<std::string> runs_;
-  std::vector<uint64_t> madeFor_;  // the cursor generation + 1 of runs_[i]; 0: not made
+  std::vector<size_t> madeFor_;  // the record index + 1 of runs_[i]; 0: not made
 };
 
 // Text that a field shows when the data source has no column of its name, as Word words it.

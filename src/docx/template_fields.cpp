@@ -1,4 +1,4 @@
-// Merge fields found in a part's tree and cut out of it.
+// The fields a merge evaluates, found in a part's tree and cut out of it.
 //
 // A field in WordprocessingML takes one of two forms:
 //
@@ -10,10 +10,13 @@
 //             <w:r><w:fldChar w:fldCharType="end"/></w:r>
 //
 // The instruction of a complex field is the text of its own w:instrText runs, in document
-// order, wherever they were cut. A simple field stands for itself. Of a complex field, its
-// begin run stays to stand for it and everything after it up to its end run goes; when that
-// stretch crosses paragraphs the rest of the last paragraph joins the first one. Other fields
-// (PAGE, IF, DATE...) stay as they are, with the merge fields inside them found.
+// order, wherever they were cut, and the fields nested between them (an IF's operands and
+// results). A simple field stands for itself. Of a complex field, its begin run stays to stand
+// for it and everything after it up to its end run goes; when that stretch crosses paragraphs
+// the rest of the last paragraph joins the first one. Inner fields end first and are planned
+// first, so an IF finds the plans of the fields in it; simple fields are planned before any
+// complex one for the same reason. Other fields (PAGE, DATE, HYPERLINK...) stay as they are,
+// with the fields inside them merged; in an IF's instruction they count as the text they show.
 //
 // What goes is moved into a scratch element of the document until the search is done, so that
 // no node a later step still holds is freed under it.
@@ -23,7 +26,10 @@
 //     that field (and nothing else) untouched.
 //   - A field whose stretch crosses containers other than paragraphs (from one table cell into
 //     another, out of a text box) is left untouched: no safe merged form exists.
-//   - An instruction that is not a MERGEFIELD, or a MERGEFIELD without a name, is left alone.
+//   - An instruction the merge doesn't evaluate, a MERGEFIELD without a name, an IF without a
+//     comparison, and a field nested more than kMaxDepth deep are left alone.
+//   - Text of an IF's results keeps the formatting of its runs; paragraph marks inside an
+//     instruction are not kept (a result is runs within the field's paragraph).
 //   - Elements are recognised under the prefix "w:", as word processors write them; any other
 //     element, whatever its name, is content that travels through.
 #include "docx/template_fields.h"
@@ -33,6 +39,7 @@
 #include <string_view>
 #include <vector>
 
+#include "docx/field_code.h"
 #include "docx/xml_tree.h"
 #include "docx/xml_writer.h"
 
@@ -178,8 +185,64 @@ bool isContent(pugi::xml_node n) {
 
 }  // namespace
 
-std::optional<uint32_t> TemplateFields::fieldAt(pugi::xml_node n) const {
-  if (standIns_.empty()) return std::nullopt;
+namespace {
+
+// How many evaluated fields deep a field may nest others (IF in IF in IF...); a deeper one is
+// left as it is.
+constexpr uint32_t kMaxDepth = 32;
+
+// The text a field shows in the template: the w:t text under a node.
+std::string shownText(pugi::xml_node n) {
+  std::string out;
+  forEachElement(n, [&](pugi::xml_node c) {
+    if (named(c, "w:t")) out += c.child_value();
+  });
+  return out;
+}
+
+}  // namespace
+
+// A complex field as the walk finds it.
+struct TemplateFields::Frame {
+  // A piece of its own instruction: the text of a w:instrText, or a field nested there.
+  struct Piece {
+    pugi::xml_node run;
+    std::string text;
+    int32_t nested = -1;
+  };
+  pugi::xml_node begin, end;
+  pugi::xml_node firstInstructionRun, firstResultRun;
+  std::string instruction;  // its own instruction text
+  std::vector<Piece> pieces;
+  std::string resultText;  // what it shows, kept for a field nested in another's instruction
+  uint32_t depth = 1;      // fields nested in its instruction, it included
+  bool inResult = false;
+  bool insideInstruction = false;  // this field stands in another one's instruction
+};
+
+// One find(). Nested fields are named by ids: complex field k of `done` is 2k, simple field j
+// of `nestedSimple` is 2j + 1.
+struct TemplateFields::Search {
+  MergeProgram& program;
+  Scratch& scratch;
+  std::vector<Frame> done;           // complex fields, in the order they end: inner ones first
+  std::vector<int32_t> planOfFrame;  // -1: none
+  std::vector<pugi::xml_node> nestedSimple;
+  std::unordered_set<const void*> simpleInInstruction;
+
+  int32_t nestFrame(size_t k) { return static_cast<int32_t>(2 * k); }
+  int32_t nestSimple(pugi::xml_node n) {
+    nestedSimple.push_back(n);
+    return static_cast<int32_t>(2 * (nestedSimple.size() - 1) + 1);
+  }
+};
+
+std::optional<uint32_t> TemplateFields::planAt(pugi::xml_node n) const {
+  // Most nodes are of a kind no field stands in (w:t, w:p, w:rPr...): no lookup for them.
+  if (std::none_of(standInNames_.begin(), standInNames_.end(),
+                   [&](const std::string& name) { return name == n.name(); })) {
+    return std::nullopt;
+  }
   auto it = standIns_.find(n.internal_object());
   if (it == standIns_.end()) return std::nullopt;
   return it->second;
@@ -196,8 +259,54 @@ void TemplateFields::find(pugi::xml_node root, bool suppressBlankLines, MergePro
   placed_.clear();
   {
     Scratch scratch(root);
-    findComplexFields(root, program, scratch);
-    findSimpleFields(root, program);
+    Search search{program, scratch, {}, {}, {}, {}};
+    collectComplexFields(root, search);
+    // Simple fields first: a complex field around one reads its plan.
+    std::vector<pugi::xml_node> simple;
+    forEachElement(root, [&](pugi::xml_node n) {
+      if (named(n, "w:fldSimple")) simple.push_back(n);
+    });
+    for (pugi::xml_node n : simple) {
+      std::string instruction = n.attribute("w:instr").value();
+      pugi::xml_node run = n.find_node([](pugi::xml_node c) { return named(c, "w:r"); });
+      auto parts = [&] {
+        InstructionPart part;
+        part.text = instruction;
+        part.runProperties = runPropertiesOf(run);
+        return std::vector<InstructionPart>{std::move(part)};
+      };
+      bool inInstruction = search.simpleInInstruction.count(n.internal_object()) > 0;
+      auto plan = planField(search, instruction, parts, {run, run, run}, inInstruction, 1,
+                            [] { return true; });
+      if (!plan) continue;
+      place(n, *plan);
+    }
+    // Inner complex fields end first, so they are cut before the fields around them.
+    search.planOfFrame.assign(search.done.size(), -1);
+    for (size_t k = 0; k < search.done.size(); ++k) {
+      Frame& f = search.done[k];
+      if (!scratch.inTree(f.begin) || !scratch.inTree(f.end)) continue;
+      auto parts = [&] {
+        std::vector<InstructionPart> out;
+        for (const Frame::Piece& piece : f.pieces) {
+          InstructionPart part;
+          if (piece.nested >= 0) {
+            part.nested = piece.nested;
+          } else {
+            part.text = piece.text;
+            part.runProperties = runPropertiesOf(piece.run);
+          }
+          out.push_back(std::move(part));
+        }
+        return out;
+      };
+      auto plan = planField(search, f.instruction, parts,
+                            {f.firstInstructionRun, f.firstResultRun, f.begin}, f.insideInstruction,
+                            f.depth, [&] { return cutStretch(f.begin, f.end, scratch); });
+      if (!plan) continue;
+      search.planOfFrame[k] = static_cast<int32_t>(*plan);
+      place(f.begin, *plan);
+    }
     // Fields cut out with an enclosing one no longer stand anywhere; their nodes go with the
     // scratch, so nothing may keep their addresses.
     std::vector<pugi::xml_node> kept;
@@ -209,21 +318,20 @@ void TemplateFields::find(pugi::xml_node root, bool suppressBlankLines, MergePro
     }
     placed_ = std::move(kept);
   }
-  simpleInInstruction_.clear();
   if (suppressBlankLines) groupBlankLines(root, program);
 }
 
-void TemplateFields::findComplexFields(pugi::xml_node root, MergeProgram& program,
-                                       Scratch& scratch) {
-  struct Frame {
-    pugi::xml_node begin, end;
-    pugi::xml_node firstInstructionRun, firstResultRun;
-    std::string instruction;
-    bool inResult = false;
-    bool insideInstruction = false;  // this field stands in another one's instruction
-  };
+void TemplateFields::place(pugi::xml_node n, uint32_t plan) {
+  standIns_[n.internal_object()] = plan;
+  placed_.push_back(n);
+  if (std::find(standInNames_.begin(), standInNames_.end(), n.name()) == standInNames_.end()) {
+    standInNames_.emplace_back(n.name());
+  }
+}
+
+void TemplateFields::collectComplexFields(pugi::xml_node root, Search& search) {
   std::vector<Frame> open;
-  std::vector<Frame> done;
+  auto inInstruction = [&] { return !open.empty() && !open.back().inResult; };
   forEachElement(root, [&](pugi::xml_node n) {
     if (named(n, "w:fldChar")) {
       std::string_view type = n.attribute("w:fldCharType").value();
@@ -231,62 +339,145 @@ void TemplateFields::findComplexFields(pugi::xml_node root, MergeProgram& progra
       if (type == "begin") {
         Frame f;
         f.begin = run;
-        f.insideInstruction = !open.empty() && !open.back().inResult;
+        f.insideInstruction = inInstruction();
         open.push_back(std::move(f));
       } else if (type == "separate" && !open.empty()) {
         open.back().inResult = true;
       } else if (type == "end" && !open.empty()) {
-        open.back().end = run;
-        done.push_back(std::move(open.back()));
+        Frame f = std::move(open.back());
         open.pop_back();
+        f.end = run;
+        if (f.insideInstruction && inInstruction()) {
+          open.back().pieces.push_back({{}, {}, search.nestFrame(search.done.size())});
+          open.back().depth = std::max(open.back().depth, f.depth + 1);
+        }
+        search.done.push_back(std::move(f));
       }
-    } else if (named(n, "w:fldSimple") && !open.empty() && !open.back().inResult) {
-      simpleInInstruction_.insert(n.internal_object());
-    } else if (named(n, "w:instrText") && !open.empty() && !open.back().inResult) {
+    } else if (named(n, "w:fldSimple") && inInstruction()) {
+      search.simpleInInstruction.insert(n.internal_object());
+      open.back().pieces.push_back({{}, {}, search.nestSimple(n)});
+    } else if (named(n, "w:instrText") && inInstruction()) {
       Frame& f = open.back();
       f.instruction += n.child_value();
+      f.pieces.push_back({n.parent(), n.child_value(), -1});
       if (!f.firstInstructionRun) f.firstInstructionRun = n.parent();
-    } else if (named(n, "w:t") && !open.empty() && open.back().inResult &&
-               !open.back().firstResultRun && named(n.parent(), "w:r")) {
-      open.back().firstResultRun = n.parent();
+    } else if (named(n, "w:t") && !open.empty() && open.back().inResult) {
+      Frame& f = open.back();
+      if (!f.firstResultRun && named(n.parent(), "w:r")) f.firstResultRun = n.parent();
+      if (f.insideInstruction) f.resultText += n.child_value();
     }
   });
-  // Inner fields end first, so they are cut before the fields around them.
-  for (Frame& f : done) {
-    if (!scratch.inTree(f.begin) || !scratch.inTree(f.end)) continue;
-    auto code = parseMergeField(f.instruction);
-    if (!code) continue;
-    FieldSlot slot;
-    slot.inInstruction = f.insideInstruction;
-    pugi::xml_node formatRun =
-        code->charFormat() || !f.firstResultRun ? f.firstInstructionRun : f.firstResultRun;
-    if (!formatRun) formatRun = f.begin;
-    slot.runProperties = runPropertiesOf(formatRun);
-    slot.code = std::move(*code);
-    if (!cutStretch(f.begin, f.end, scratch)) continue;
-    standIns_[f.begin.internal_object()] = static_cast<uint32_t>(program.fields.size());
-    program.fields.push_back(std::move(slot));
-    placed_.push_back(f.begin);
-  }
 }
 
-void TemplateFields::findSimpleFields(pugi::xml_node root, MergeProgram& program) {
-  std::vector<pugi::xml_node> simple;
-  forEachElement(root, [&](pugi::xml_node n) {
-    if (named(n, "w:fldSimple")) simple.push_back(n);
-  });
-  for (pugi::xml_node n : simple) {
-    auto code = parseMergeField(n.attribute("w:instr").value());
-    if (!code) continue;
+std::optional<uint32_t> TemplateFields::planField(
+    Search& search, std::string_view instruction,
+    const std::function<std::vector<InstructionPart>()>& instructionParts, FormatRuns runs,
+    bool inInstruction, uint32_t depth, const std::function<bool()>& cut) {
+  MergeProgram& program = search.program;
+  std::string keyword = fieldKeyword(instruction);
+  FieldPlan plan;
+  if (keyword == "MERGEFIELD" || keyword == "MERGEREC" || keyword == "MERGESEQ") {
+    auto code = keyword == "MERGEFIELD" ? parseMergeField(instruction)
+                                        : parseCounterField(instruction, keyword);
+    if (!code || !cut()) return std::nullopt;
     FieldSlot slot;
-    slot.inInstruction = simpleInInstruction_.count(n.internal_object()) > 0;
-    slot.runProperties =
-        runPropertiesOf(n.find_node([](pugi::xml_node c) { return named(c, "w:r"); }));
+    slot.source = keyword == "MERGEFIELD" ? FieldSource::kColumn
+                  : keyword == "MERGEREC" ? FieldSource::kRecordNumber
+                                          : FieldSource::kSequenceNumber;
+    slot.inInstruction = inInstruction;
+    pugi::xml_node formatRun = code->charFormat() || !runs.result ? runs.instruction : runs.result;
+    slot.runProperties = runPropertiesOf(formatRun ? formatRun : runs.fallback);
     slot.code = std::move(*code);
-    standIns_[n.internal_object()] = static_cast<uint32_t>(program.fields.size());
+    plan.kind = FieldPlan::Kind::kValue;
+    plan.index = static_cast<uint32_t>(program.fields.size());
     program.fields.push_back(std::move(slot));
-    placed_.push_back(n);
+  } else if (keyword == "NEXT") {
+    if (!cut()) return std::nullopt;
+    plan.kind = FieldPlan::Kind::kNextRecord;
+  } else if (keyword == "IF" || keyword == "NEXTIF" || keyword == "SKIPIF") {
+    std::vector<InstructionWord> words = splitInstruction(instructionParts());
+    // The arguments: the words after the keyword, up to a switch.
+    size_t count = 0;
+    size_t wanted = keyword == "IF" ? 5 : 3;
+    while (1 + count < words.size() && count < wanted) {
+      const InstructionWord& w = words[1 + count];
+      std::optional<std::string> text = w.plainText();
+      if (!w.quoted && text && !text->empty() && (*text)[0] == '\\') break;
+      ++count;
+    }
+    if (count < 3) return std::nullopt;
+    std::optional<Comparison> comparison = comparisonOf(words[2]);
+    if (!comparison) return std::nullopt;
+    if (depth > kMaxDepth || !cut()) return std::nullopt;
+    plan.kind = keyword == "IF"       ? FieldPlan::Kind::kIf
+                : keyword == "NEXTIF" ? FieldPlan::Kind::kNextIf
+                                      : FieldPlan::Kind::kSkipIf;
+    plan.index = static_cast<uint32_t>(program.conditions.size());
+    program.conditions.push_back(
+        {operandOf(search, words[1]), *comparison, operandOf(search, words[3])});
+    if (count >= 4) plan.whenTrue = resultOf(search, words[4]);
+    if (count >= 5) plan.whenFalse = resultOf(search, words[5]);
+  } else {
+    return std::nullopt;
   }
+  plans_.push_back(std::move(plan));
+  return static_cast<uint32_t>(plans_.size() - 1);
+}
+
+std::optional<uint32_t> TemplateFields::nestedPlan(Search& search, int32_t id) const {
+  if (id < 0) return std::nullopt;
+  if (id % 2 == 0) {
+    int32_t plan = search.planOfFrame[static_cast<size_t>(id / 2)];
+    if (plan < 0) return std::nullopt;
+    return static_cast<uint32_t>(plan);
+  }
+  return planAt(search.nestedSimple[static_cast<size_t>(id / 2)]);
+}
+
+std::string TemplateFields::nestedText(Search& search, int32_t id) const {
+  if (id % 2 == 0) return search.done[static_cast<size_t>(id / 2)].resultText;
+  return shownText(search.nestedSimple[static_cast<size_t>(id / 2)]);
+}
+
+Operand TemplateFields::operandOf(Search& search, const InstructionWord& word) const {
+  Operand operand;
+  operand.quoted = word.quoted;
+  for (const InstructionPart& part : word.parts) {
+    if (part.nested < 0) {
+      operand.parts.push_back({part.text, -1});
+    } else if (auto nested = nestedPlan(search, part.nested)) {
+      // A value counts; a field that shows nothing (NEXT, an IF) adds no text.
+      const FieldPlan& plan = plans_[*nested];
+      if (plan.kind == FieldPlan::Kind::kValue) {
+        operand.parts.push_back({{}, static_cast<int32_t>(plan.index)});
+      }
+    } else {
+      // A field the merge doesn't evaluate counts as the text it shows.
+      operand.parts.push_back({nestedText(search, part.nested), -1});
+    }
+  }
+  return operand;
+}
+
+std::vector<FieldPlan::Piece> TemplateFields::resultOf(Search& search,
+                                                       const InstructionWord& word) {
+  std::vector<FieldPlan::Piece> pieces;
+  for (const InstructionPart& part : word.parts) {
+    FieldPlan::Piece piece;
+    if (part.nested < 0) {
+      appendRuns(piece.runs, part.runProperties, part.text, false);
+    } else if (auto nested = nestedPlan(search, part.nested)) {
+      piece.plan = static_cast<int32_t>(*nested);
+      // A value in a result is result text, no longer instruction text.
+      if (plans_[*nested].kind == FieldPlan::Kind::kValue) {
+        search.program.fields[plans_[*nested].index].inInstruction = false;
+      }
+    } else {
+      appendRuns(piece.runs, {}, nestedText(search, part.nested), false);
+    }
+    pieces.push_back(std::move(piece));
+  }
+  return pieces;
 }
 
 void TemplateFields::groupBlankLines(pugi::xml_node root, MergeProgram& program) {
@@ -306,8 +497,12 @@ void TemplateFields::groupBlankLines(pugi::xml_node root, MergeProgram& program)
     traverse(
         p,
         [&](pugi::xml_node n) {
-          if (auto field = fieldAt(n)) {
-            group.slots.push_back(*field);
+          if (auto plan = planAt(n)) {
+            // Only values can leave a line blank; IF and the record fields make it a line.
+            if (plans_[*plan].kind == FieldPlan::Kind::kValue)
+              group.slots.push_back(plans_[*plan].index);
+            else
+              content = true;
             return false;
           }
           if (n.type() != pugi::node_element) return false;

@@ -1,31 +1,56 @@
-// Internal: the merge fields of one part's tree, found and cut out of it (the caller's own
-// parsed copy), each leaving its first node as the place where its value goes.
+// Internal: the fields of one part's tree that a merge evaluates, found and cut out of it (the
+// caller's own parsed copy), each leaving its first node as the place where its result goes.
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <pugixml.hpp>
+#include <string>
 #include <unordered_map>
 #include <unordered_set>
 #include <vector>
 
+#include "docx/conditional_fields.h"
 #include "docx/merge_program.h"
 
 namespace nvwm::docx {
+
+// What a field found in the tree becomes where it stood.
+struct FieldPlan {
+  enum class Kind : uint8_t {
+    kValue,       // MERGEFIELD, MERGEREC, MERGESEQ: the value of field `index`
+    kIf,          // IF: condition `index`, then one of the two results
+    kNextRecord,  // NEXT
+    kNextIf,      // NEXTIF: condition `index`
+    kSkipIf,      // SKIPIF: condition `index`
+  };
+  // A piece of an IF's result: runs of its text, in the formatting of the runs it was written
+  // in, or a field nested there.
+  struct Piece {
+    std::string runs;
+    int32_t plan = -1;
+  };
+  Kind kind = Kind::kValue;
+  uint32_t index = 0;  // the field (program.fields) or the condition (program.conditions)
+  std::vector<Piece> whenTrue, whenFalse;
+};
 
 // The places that a compile of the tree replaces: nodes that stand for a field, and
 // paragraphs that form a blank-line group. Keyed by node: nothing is added to the tree.
 class TemplateFields {
  public:
-  // Finds every MERGEFIELD (simple and complex) under root, adds it to program.fields and
-  // removes what the field spans but its first node, which then stands for it. Other fields
+  // Finds the fields under root that the merge evaluates (MERGEFIELD, MERGEREC, MERGESEQ, IF,
+  // NEXT, NEXTIF, SKIPIF; simple and complex), adds their fields and conditions to the program
+  // and removes what a field spans but its first node, which then stands for it. Other fields
   // stay, with the merge fields inside them found. suppressBlankLines: a paragraph that holds
   // nothing but merge fields becomes a group of program.groups. May be called on several
   // subtrees of one tree for one program.
   void find(pugi::xml_node root, bool suppressBlankLines, MergeProgram& program);
 
-  // The field a node stands for, if it stands for one.
-  std::optional<uint32_t> fieldAt(pugi::xml_node n) const;
+  // The plan of the field a node stands for, if it stands for one.
+  std::optional<uint32_t> planAt(pugi::xml_node n) const;
+  const FieldPlan& plan(uint32_t index) const { return plans_[index]; }
   // The group a paragraph forms, if it forms one.
   std::optional<uint32_t> groupAt(pugi::xml_node n) const;
 
@@ -33,14 +58,34 @@ class TemplateFields {
   class Scratch;
 
  private:
-  void findComplexFields(pugi::xml_node root, MergeProgram& program, Scratch& scratch);
-  void findSimpleFields(pugi::xml_node root, MergeProgram& program);
+  struct Frame;
+  struct Search;
+  // The runs whose formatting a value takes: its instruction's, its result's (the usual
+  // choice), or, when it has neither, the fallback's.
+  struct FormatRuns {
+    pugi::xml_node instruction, result, fallback;
+  };
+
+  void collectComplexFields(pugi::xml_node root, Search& search);
+  // Makes n stand for the plan.
+  void place(pugi::xml_node n, uint32_t plan);
+  // The plan of a field, when the merge evaluates it and cut() takes what it spans out of the
+  // tree (cut is called only once the field is known to be one the merge evaluates). depth:
+  // how many fields deep its instruction nests, it included.
+  std::optional<uint32_t> planField(
+      Search& search, std::string_view instruction,
+      const std::function<std::vector<InstructionPart>()>& instructionParts, FormatRuns runs,
+      bool inInstruction, uint32_t depth, const std::function<bool()>& cut);
+  std::optional<uint32_t> nestedPlan(Search& search, int32_t id) const;
+  std::string nestedText(Search& search, int32_t id) const;
+  Operand operandOf(Search& search, const InstructionWord& word) const;
+  std::vector<FieldPlan::Piece> resultOf(Search& search, const InstructionWord& word);
   void groupBlankLines(pugi::xml_node root, MergeProgram& program);
 
+  std::vector<FieldPlan> plans_;
   std::unordered_map<const void*, uint32_t> standIns_;
+  std::vector<std::string> standInNames_;  // the element names of the nodes in standIns_
   std::unordered_map<const void*, uint32_t> groups_;
-  // Simple fields found inside a complex field's instruction (their value is instruction text).
-  std::unordered_set<const void*> simpleInInstruction_;
   // The nodes that stand for the fields of the subtree being searched.
   std::vector<pugi::xml_node> placed_;
 };

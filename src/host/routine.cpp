@@ -24,6 +24,7 @@ ErrorService* Routine::service() const {
 
 Routine::~Routine() {
   // The exit label: errors are skipped from here on.
+  if (skipExitProc_) return;
   try {
     if (ErrorService* errors = service()) errors->exitProc();
   } catch (...) {

@@ -82,6 +82,12 @@ class Routine {
   void askSuppressionFirst() { askSuppression_ = true; }
   // Go to the exit now, as the body's own "exit" statement.
   void exit() { running_ = false; }
+  // Leave now without exitProc: the routine's tag stays on the trace stack, as it does for a
+  // routine whose body returns before its exit label.
+  void leaveWithoutExitProc() {
+    running_ = false;
+    skipExitProc_ = true;
+  }
   // The last error that reached the handler or was skipped (number 0 when none).
   const RuntimeError& lastError() const { return lastError_; }
 
@@ -96,6 +102,7 @@ class Routine {
   bool running_ = true;
   bool skipping_ = false;
   bool askSuppression_ = false;
+  bool skipExitProc_ = false;
   RuntimeError lastError_{0, ""};
 };
 

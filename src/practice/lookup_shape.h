@@ -87,6 +87,9 @@ class LookupRoutine {
     return routine_.step(std::forward<Step>(body));
   }
   bool running() const { return routine_.running(); }
+  // The handler asks errorsAreSuppressed first and leaves without reporting when it says True
+  // (the error tail of the address routines).
+  void askSuppressionFirst() { routine_.askSuppressionFirst(); }
 
   // isConnected. False also when the test itself failed or the routine has left its body.
   bool connected();

@@ -4,6 +4,7 @@
 // do more are written out with its steps below the table.
 #include "practice/lookups.h"
 
+#include "practice/default_contacts.h"
 #include "practice/lookup_shape.h"
 #include "practice/lookups_internal.h"
 #include "runtime/clock.h"
@@ -206,7 +207,15 @@ int32_t getTaskIDFromScheduleID(int32_t scheduleID) {
 
 int32_t getDefaultContactIDFromCompanyID(int32_t companyID) {
   LookupRoutine r("getDefaultContactIDFromCompanyID");
-  return practice::readDefaultContactLinks(r, companyID).contactID;
+  const practice::DefaultContactLinks links = practice::readDefaultContactLinks(r, companyID);
+  int32_t result = links.contactID;
+  if (!links.companyHasLinks || !r.running()) return result;
+  // Links but no usable default: the read repairs the company's links and returns the contact
+  // that the repair chose (or the marked one, when it names a contact that no longer exists).
+  bool usable = false;
+  r.step([&] { usable = validContactID(std::to_string(result)); });
+  if (!usable) r.step([&] { result = checkForDefaultContact(companyID, true); });
+  return result;
 }
 
 bool isContactDefaultContact(int32_t companyID, int32_t contactID) {

@@ -74,8 +74,10 @@ int32_t getTaskIDFromScheduleID(int32_t scheduleID);
 // The contact of the company's first link, in recordset order, with a non-Null ContactIDNum
 // and DefaultContact True; -1 when none. A Null DefaultContact on a row that is reached raises
 // 94 into the error service.
-// This routine reads only: the repair of a company whose links name no valid default (through
-// checkForDefaultContact) is not part of it yet.
+// A read that can write: when the company has links and the result names no existing contact,
+// it returns checkForDefaultContact(companyID, True) (practice/default_contacts.h), which marks
+// the first link as the default when none is marked, and returns a marked link as it is even
+// when its contact no longer exists. A company without links gives -1 and nothing changes.
 int32_t getDefaultContactIDFromCompanyID(int32_t companyID);
 // True when the company's link to the contact is marked default (first True row wins); False
 // otherwise. No Null test: a Null DefaultContact raises 94 into the error service (False).
@@ -98,6 +100,21 @@ bool validCompanyID(const std::string& companyID);
 bool validContactID(const std::string& contactID);
 bool validFirmID(const std::string& firmID);
 bool validEmployeeID(const std::string& employeeID);
+
+// ---- Association checks ----
+//
+// Whether a task and a schedule entry are linked. The value routines of the template engine ask
+// them, with createIfMissing True, before reading task or schedule data.
+// These routines read only: creating the missing schedule entry or task when createIfMissing is
+// True is not part of them yet, so a missing half gives False and nothing is written.
+
+// True when the task names a schedule entry (Tasks.ScheduleIDNum) that validScheduleID accepts.
+// A task with a Null or unknown ScheduleIDNum needs an entry; a task that doesn't exist needs
+// none. A negative taskID gives False with no query.
+bool isThisTaskAssociatedWithScheduleEntry(int32_t taskID, bool createIfMissing);
+// True when a task carries out the schedule entry. A negative ID, or one that validScheduleID
+// rejects, gives False and needs nothing.
+bool isThisScheduleEntryAssociatedWithTask(int32_t scheduleID, bool createIfMissing);
 
 // ---- Schedule types and estimated times ----
 

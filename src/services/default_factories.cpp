@@ -1,5 +1,6 @@
 #include "services/default_factories.h"
 
+#include "services/ado/sqlite_ado.h"
 #include "services/date_utility.h"
 #include "services/file_utility.h"
 #include "services/folder_locale.h"
@@ -21,6 +22,10 @@ ServiceFactories makeDefaultServiceFactories() {
   f.createProgressDialog = [] { return std::make_shared<TerminalProgressDialog>(); };
   f.createRTBTextInserter = [] { return std::make_shared<TextRTBTextInserter>(); };
   f.createWordApplication = [] { return wordengine::createDefaultWordApplication(); };
+  f.createConnection = [] { return ado::makeSqliteConnection(); };
+  f.createRecordset = [] { return ado::makeSqliteRecordset(); };
+  f.createCatalog = [] { return ado::makeSqliteCatalog(); };
+  f.createTable = [] { return ado::makeSqliteTable(); };
   return f;
 }
 

@@ -45,6 +45,25 @@ Variant FakeLabelDatabase::getField(Handle h, const Variant& name) {
   return cell->second;
 }
 
+void addUntouchedLabels(PracticeDb& practice) {
+  std::string columns, values;
+  auto add = [&](const char* stem, int n) {
+    columns += std::string(columns.empty() ? "" : ", ") + stem + std::to_string(n);
+    values += std::string(values.empty() ? "" : ", ") + "'Custom " + std::to_string(n) + "'";
+  };
+  for (const char* stem :
+       {"CustomName", "ApptCustomName", "RemittanceLabel", "TaskCustomName", "DocketCustomName"}) {
+    for (int n = 1; n <= 5; ++n) add(stem, n);
+  }
+  practice.exec("INSERT INTO CustomFields (" + columns + ") VALUES (" + values + ");");
+  columns.clear();
+  values.clear();
+  for (const char* stem : {"ContactLabel", "CompanyLabel"}) {
+    for (int n = 1; n <= 5; ++n) add(stem, n);
+  }
+  practice.exec("INSERT INTO CustomAddressFields (" + columns + ") VALUES (" + values + ");");
+}
+
 std::vector<ListEntry> entriesOf(const TextListBox& list) {
   std::vector<ListEntry> entries;
   for (const TextListBox::Entry& e : list.entries()) entries.push_back({e.text, e.itemData});

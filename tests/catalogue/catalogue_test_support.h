@@ -1,5 +1,5 @@
-// Helpers of the catalogue tests: a database of label tables, controls that record the calls made on them by member name, and dumps of
-// the catalogue's rows.
+// Helpers of the catalogue tests: a database of label tables, controls that record the calls made
+// on them by member name, and dumps of the catalogue's rows.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -16,6 +16,7 @@
 #include "runtime/clock.h"
 #include "services/folder_locale.h"
 #include "services/text_controls.h"
+#include "support/practice_db.h"
 #include "support/recording_database.h"
 #include "support/test_support.h"
 
@@ -65,6 +66,10 @@ class FakeLabelDatabase : public DatabaseService {
   std::map<Handle, std::string> open_;
   Handle next_ = 1;
 };
+
+// Inserts into a practice database one row in "CustomFields" and "CustomAddressFields" whose
+// labels nobody has touched ("Custom 1" to "Custom 5" in every label column).
+void addUntouchedLabels(PracticeDb& practice);
 
 // The entries of a text-backed list box, comparable.
 struct ListEntry {

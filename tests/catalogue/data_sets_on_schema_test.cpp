@@ -13,20 +13,8 @@ class DataSetsOnSchemaTest : public ::testing::Test {
  protected:
   DataSetsOnSchemaTest() {
     // Untouched labels everywhere, then a few set by the firm.
-    std::string columns, values;
-    for (const char* stem : {"CustomName", "ApptCustomName", "RemittanceLabel", "TaskCustomName",
-                             "DocketCustomName"}) {
-      for (int n = 1; n <= 5; ++n) {
-        columns += std::string(columns.empty() ? "" : ", ") + stem + std::to_string(n);
-        values += std::string(values.empty() ? "" : ", ") + "'Custom " + std::to_string(n) + "'";
-      }
-    }
-    practice.exec("INSERT INTO CustomFields (" + columns + ") VALUES (" + values + ");");
-    practice.exec(
-        "INSERT INTO CustomAddressFields (ContactLabel1, ContactLabel2, ContactLabel3, "
-        "ContactLabel4, ContactLabel5, CompanyLabel1, CompanyLabel2, CompanyLabel3, "
-        "CompanyLabel4, CompanyLabel5) VALUES ('Pet:', 'Custom 2', 'Custom 3', 'Custom 4', "
-        "'Custom 5', 'Logo', 'Custom 2', 'Custom 3', 'Custom 4', 'Custom 5');");
+    addUntouchedLabels(practice);
+    practice.exec("UPDATE CustomAddressFields SET ContactLabel1 = 'Pet:', CompanyLabel1 = 'Logo';");
     practice.exec(
         "UPDATE CustomFields SET CustomName1 = 'Fiscal Agent:', CustomName3 = 'Custom 3:', "
         "CustomName4 = 'Bank', CustomName5 = 'Custom 2', ApptCustomName1 = 'Room', "

@@ -220,4 +220,24 @@ std::string complexField(const std::vector<std::string>& pieces, const std::stri
   return xml;
 }
 
+std::string instructionRun(const std::string& text, const std::string& rPr) {
+  std::string escaped;
+  for (char c : text) {
+    escaped += c == '<' ? std::string("&lt;") : c == '>' ? std::string("&gt;") : std::string(1, c);
+  }
+  return "<w:r>" + (rPr.empty() ? "" : "<w:rPr>" + rPr + "</w:rPr>") +
+         "<w:instrText xml:space=\"preserve\">" + escaped + "</w:instrText></w:r>";
+}
+
+std::string fieldAround(const std::string& instructionXml, const std::string& shown,
+                        const std::string& shownRPr) {
+  return "<w:r><w:fldChar w:fldCharType=\"begin\"/></w:r>" + instructionXml +
+         "<w:r><w:fldChar w:fldCharType=\"separate\"/></w:r>" + run(shown, shownRPr) +
+         "<w:r><w:fldChar w:fldCharType=\"end\"/></w:r>";
+}
+
+std::string mergeFieldOf(const std::string& name, const std::string& shownRPr) {
+  return fieldAround(instructionRun(" MERGEFIELD " + name + " "), "«" + name + "»", shownRPr);
+}
+
 }  // namespace nvwm::testing

@@ -62,4 +62,12 @@ std::string simpleField(const std::string& instr, const std::string& shown = "«
 std::string complexField(const std::vector<std::string>& pieces, const std::string& shown = "«x»",
                          const std::string& resultRPr = "");
 
+// A run of instruction text (escaped) and a complex field around instruction XML, for fields
+// that nest other fields in their instruction.
+std::string instructionRun(const std::string& text, const std::string& rPr = "");
+std::string fieldAround(const std::string& instructionXml, const std::string& shown = "x",
+                        const std::string& shownRPr = "");
+// A complex MERGEFIELD of the name, showing «name».
+std::string mergeFieldOf(const std::string& name, const std::string& shownRPr = "");
+
 }  // namespace nvwm::testing

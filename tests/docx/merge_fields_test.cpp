@@ -1,8 +1,8 @@
 // Merge fields where real documents put them, and what the merged copy holds in their place.
 #include <gtest/gtest.h>
 
-#include "docx/docx_test_support.h"
 #include "docx/data_source.h"
+#include "docx/docx_test_support.h"
 #include "docx/mail_merge.h"
 #include "support/runtime_assertions.h"
 #include "support/temp_dir.h"
@@ -77,8 +77,9 @@ TEST_F(MergeFieldsTest, ALineBreakInAValueBecomesABreak) {
 
 TEST_F(MergeFieldsTest, ResultKeepsTheFormattingOfTheFieldResultRun) {
   DocxParts parts;
-  parts.body = para(complexField({" MERGEFIELD FirstName "}, "«FirstName»", "<w:b/><w:i/>")) +
-              para(simpleField(" MERGEFIELD FirstName ", "«FirstName»", "<w:u w:val=\"single\"/>"));
+  parts.body =
+      para(complexField({" MERGEFIELD FirstName "}, "«FirstName»", "<w:b/><w:i/>")) +
+      para(simpleField(" MERGEFIELD FirstName ", "«FirstName»", "<w:u w:val=\"single\"/>"));
   auto merged = merge(parts, oneRow_);
   auto doc = part(*merged, "word/document.xml");
   EXPECT_EQ(countXPath(*doc, "//w:body/w:p[1]/w:r[w:rPr/w:b and w:rPr/w:i and w:t='Ann']"), 1u);
@@ -111,16 +112,17 @@ TEST_F(MergeFieldsTest, ASimpleFieldInsideAComplexOneGoesWithIt) {
 }
 
 // This was a w:t run inside the IF's instruction: a merge field in another field's instruction
-// must give instruction text, or the outer field loses its operand.
+// must give instruction text, or the outer field loses its operand. (IF is evaluated by the
+// merge now; a HYPERLINK, which is not, keeps its instruction.)
 TEST_F(MergeFieldsTest, MergeFieldsInsideAnotherFieldAreMergedAndTheFieldStays) {
   std::string body = para(
       "<w:r><w:fldChar w:fldCharType=\"begin\"/></w:r>"
-      "<w:r><w:instrText xml:space=\"preserve\"> IF </w:instrText></w:r>" +
+      "<w:r><w:instrText xml:space=\"preserve\"> HYPERLINK \"mailto:</w:instrText></w:r>" +
       simpleField(" MERGEFIELD FirstName ") +
-      "<w:r><w:instrText xml:space=\"preserve\"> = \"Ann\" \"yes\" \"no\" </w:instrText></w:r>"
+      "<w:r><w:instrText xml:space=\"preserve\">@example.com\" </w:instrText></w:r>"
       "<w:r><w:fldChar w:fldCharType=\"separate\"/></w:r>" +
-      run("yes") + "<w:r><w:fldChar w:fldCharType=\"end\"/></w:r>");
-  EXPECT_EQ(mergedBody(body, oneRow_), "{ IF }{Ann}{ = \"Ann\" \"yes\" \"no\" }yes\n");
+      run("mail") + "<w:r><w:fldChar w:fldCharType=\"end\"/></w:r>");
+  EXPECT_EQ(mergedBody(body, oneRow_), "{ HYPERLINK \"mailto:}{Ann}{@example.com\" }mail\n");
 }
 
 TEST_F(MergeFieldsTest, AResultSpanningParagraphsIsReplacedAndTheParagraphsJoin) {
@@ -149,8 +151,8 @@ TEST_F(MergeFieldsTest, FieldsInTablesAndBothBranchesOfATextBox) {
   }();
   DocxParts parts;
   parts.body = "<w:tbl><w:tr><w:tc>" + para(simpleField(" MERGEFIELD FirstName ")) +
-              "</w:tc><w:tc>" + para(complexField({" MERGEFIELD Amount \\# 0.0 "})) +
-              "</w:tc></w:tr></w:tbl>" + para(textbox);
+               "</w:tc><w:tc>" + para(complexField({" MERGEFIELD Amount \\# 0.0 "})) +
+               "</w:tc></w:tr></w:tbl>" + para(textbox);
   auto merged = merge(parts, oneRow_);
   auto doc = part(*merged, "word/document.xml");
   EXPECT_EQ(xpathText(*doc, "//w:tbl/w:tr/w:tc[1]/w:p/w:r/w:t"), "Ann");
@@ -172,7 +174,7 @@ TEST_F(MergeFieldsTest, ACellKeepsItsLastParagraphEvenWhenItsFieldsAreEmpty) {
   MergeData data({"A", "B"}, {{Variant(""), Variant("")}});
   DocxParts parts;
   parts.body = "<w:tbl><w:tr><w:tc>" + para(simpleField(" MERGEFIELD A ")) +
-              para(simpleField(" MERGEFIELD B ")) + "</w:tc></w:tr></w:tbl>" + para(run("after"));
+               para(simpleField(" MERGEFIELD B ")) + "</w:tc></w:tr></w:tbl>" + para(run("after"));
   auto merged = merge(parts, data);
   auto doc = part(*merged, "word/document.xml");
   EXPECT_EQ(countXPath(*doc, "//w:tc/w:p"), 1u);
@@ -183,7 +185,7 @@ TEST_F(MergeFieldsTest, DoNotSuppressBlankLinesKeepsThem) {
   MergeData data({"Name", "Line2"}, {{Variant("Ann"), Variant::null()}});
   DocxParts parts;
   parts.body = para(simpleField(" MERGEFIELD Name ")) + para(simpleField(" MERGEFIELD Line2 ")) +
-              para(run("end"));
+               para(run("end"));
   parts.settingsExtra = "<w:doNotSuppressBlankLines/>";
   auto merged = merge(parts, data);
   EXPECT_EQ(dumpBody(*part(*merged, "word/document.xml")), "Ann\n\nend\n");
@@ -263,8 +265,8 @@ TEST_F(MergeFieldsTest, DrawingAndBookmarkIdsStayUniqueAcrossCopies) {
   MergeData data({"FirstName"}, {{Variant("Ann")}, {Variant("Bob")}});
   DocxParts parts;
   parts.body = para("<w:bookmarkStart w:id=\"0\" w:name=\"Top\"/>" + run("x") +
-                   "<w:bookmarkEnd w:id=\"0\"/><w:r><w:drawing><wp:inline><wp:docPr id=\"1\" "
-                   "name=\"Picture 1\"/></wp:inline></w:drawing></w:r>");
+                    "<w:bookmarkEnd w:id=\"0\"/><w:r><w:drawing><wp:inline><wp:docPr id=\"1\" "
+                    "name=\"Picture 1\"/></wp:inline></w:drawing></w:r>");
   auto merged = merge(parts, data);
   auto doc = part(*merged, "word/document.xml");
   auto ids = [&](const char* xpath) {
@@ -317,7 +319,8 @@ TEST_F(MergeFieldsTest, FootnotesAreCopiedPerRecordWithTheirFields) {
   DocxParts parts;
   parts.body = para(run("Text") + "<w:r><w:footnoteReference w:id=\"1\"/></w:r>");
   parts.footnotes = "<w:footnote w:id=\"1\">" +
-                   para(run("Note for ") + simpleField(" MERGEFIELD FirstName ")) + "</w:footnote>";
+                    para(run("Note for ") + simpleField(" MERGEFIELD FirstName ")) +
+                    "</w:footnote>";
   auto merged = merge(parts, data);
   auto doc = part(*merged, "word/document.xml");
   auto notes = part(*merged, "word/footnotes10.xml");
@@ -339,9 +342,9 @@ TEST_F(MergeFieldsTest, CommentsAreCopiedPerRecordWithTheirOwnIds) {
   MergeData data({"FirstName"}, {{Variant("Ann")}, {Variant("Bob")}});
   DocxParts parts;
   parts.body = para("<w:commentRangeStart w:id=\"0\"/>" + run("Check") +
-                   "<w:commentRangeEnd w:id=\"0\"/><w:r><w:commentReference w:id=\"0\"/></w:r>");
+                    "<w:commentRangeEnd w:id=\"0\"/><w:r><w:commentReference w:id=\"0\"/></w:r>");
   parts.comments = "<w:comment w:id=\"0\" w:author=\"A\">" +
-                  para(run("About ") + simpleField(" MERGEFIELD FirstName ")) + "</w:comment>";
+                   para(run("About ") + simpleField(" MERGEFIELD FirstName ")) + "</w:comment>";
   auto merged = merge(parts, data);
   auto doc = part(*merged, "word/document.xml");
   auto comments = part(*merged, "word/comments10.xml");

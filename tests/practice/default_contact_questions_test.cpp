@@ -16,6 +16,8 @@ std::string link(const char* contact, const char* isDefault) {
          contact + ", " + isDefault + ");";
 }
 
+// What the company's links say, read without the repair that getDefaultContactIDFromCompanyID
+// goes on to (see default_contact_maintenance_test.cpp).
 TEST(DefaultContactIDTest, FirstLinkMarkedDefaultWithAContactWins) {
   const struct {
     const char* name;
@@ -50,25 +52,32 @@ TEST(DefaultContactIDTest, FirstLinkMarkedDefaultWithAContactWins) {
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.name);
-    {
-      PracticeFixture f;
-      for (const auto& row : c.links) f.exec(row);
-      EXPECT_EQ(getDefaultContactIDFromCompanyID(5), c.expected);
-      EXPECT_EQ(f.db().sqlSent(),
-                std::vector<std::string>{"SELECT ContactLinks.CompanyNum, "
-                                         "ContactLinks.ContactIDNum, ContactLinks.DefaultContact "
-                                         "FROM ContactLinks WHERE ContactLinks.CompanyNum = 5;"});
-      EXPECT_EQ(f.errorNumbers(), c.errors);
-    }
-    {
-      PracticeFixture f;
-      for (const auto& row : c.links) f.exec(row);
-      practice::LookupRoutine r("readDefaultContactLinks");
-      const practice::DefaultContactLinks links = practice::readDefaultContactLinks(r, 5);
-      EXPECT_EQ(links.contactID, c.expected);
-      EXPECT_EQ(links.companyHasLinks, c.hasLinks);
-    }
+    PracticeFixture f;
+    for (const auto& row : c.links) f.exec(row);
+    practice::LookupRoutine r("readDefaultContactLinks");
+    const practice::DefaultContactLinks links = practice::readDefaultContactLinks(r, 5);
+    EXPECT_EQ(links.contactID, c.expected);
+    EXPECT_EQ(links.companyHasLinks, c.hasLinks);
+    EXPECT_EQ(f.db().sqlSent(),
+              std::vector<std::string>{"SELECT ContactLinks.CompanyNum, "
+                                       "ContactLinks.ContactIDNum, ContactLinks.DefaultContact "
+                                       "FROM ContactLinks WHERE ContactLinks.CompanyNum = 5;"});
+    EXPECT_EQ(f.errorNumbers(), c.errors);
   }
+}
+
+TEST(DefaultContactIDTest, AnExistingDefaultIsReadWithoutRepair) {
+  PracticeFixture f;
+  f.exec("INSERT INTO Contacts (ContactID) VALUES (11), (12);");
+  for (const auto& row : {link("11", "0"), link("12", "1")}) f.exec(row);
+  EXPECT_EQ(getDefaultContactIDFromCompanyID(5), 12);
+  EXPECT_EQ(f.db().sqlSent(),
+            (std::vector<std::string>{"SELECT ContactLinks.CompanyNum, ContactLinks.ContactIDNum, "
+                                      "ContactLinks.DefaultContact FROM ContactLinks WHERE "
+                                      "ContactLinks.CompanyNum = 5;",
+                                      "SELECT Contacts.ContactID FROM Contacts WHERE ContactID = "
+                                      "12;"}));
+  EXPECT_TRUE(f.errors().errors.empty());
 }
 
 TEST(DefaultContactIDTest, OtherCompaniesLinksDontCount) {

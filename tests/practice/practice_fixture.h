@@ -21,7 +21,12 @@ class PracticeFixture {
 
   // Runs SQL straight on the database file (the rows a case needs), not through the library.
   void exec(const std::string& sql);
+  // The first column of the first row, as SQLite stores it, read straight from the file (see
+  // PracticeDb::stored).
+  std::string stored(const std::string& sql);
 
+  // The database file (to open a second service on it, read-only for example).
+  const std::string& path() const { return practice_.path(); }
   RecordingDatabase& db() { return *db_; }
   RecordingErrorService& errors() { return *refs_.errors; }
   // The numbers of the errors that reached the error service, in order.

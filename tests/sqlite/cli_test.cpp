@@ -1,10 +1,9 @@
 // The nvwordmerge commands of the practice database: sample-db and sql.
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 
-#include <cstdio>
 #include <filesystem>
 
+#include "support/program_run.h"
 #include "support/test_support.h"
 
 namespace nvwm {
@@ -17,18 +16,10 @@ struct CliRun {
   std::string out;
 };
 
-// Runs the program with arguments (already quoted for the shell); stdout and stderr together.
+// Runs the program with arguments (already quoted for the shell); stdout, then stderr.
 CliRun run(const std::string& args) {
-  CliRun r;
-  std::string command = std::string("'") + NVWM_CLI + "' " + args + " 2>&1";
-  FILE* p = popen(command.c_str(), "r");
-  if (!p) return r;
-  char buf[4096];
-  size_t n;
-  while ((n = fread(buf, 1, sizeof buf, p)) > 0) r.out.append(buf, n);
-  int status = pclose(p);
-  r.exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-  return r;
+  const testing::ProgramRun r = testing::runProgram(NVWM_CLI, args);
+  return {r.exitCode, r.out + r.err};
 }
 
 class CliTest : public ::testing::Test {
