@@ -21,9 +21,13 @@ struct TargetInputs {
 };
 
 const TargetInputs kTargets[] = {
-    {"docx_merge", docxMergeSeeds, docxMergeBadInputs}, {"csv", csvSeeds, csvBadInputs},
-    {"ado_filter", adoFilterSeeds, adoFilterBadInputs}, {"jet_sql", jetSqlSeeds, jetSqlBadInputs},
-    {"format", formatSeeds, formatBadInputs},           {"text", textSeeds, textBadInputs},
+    {"docx_merge", docxMergeSeeds, docxMergeBadInputs},
+    {"csv", csvSeeds, csvBadInputs},
+    {"ado_filter", adoFilterSeeds, adoFilterBadInputs},
+    {"jet_sql", jetSqlSeeds, jetSqlBadInputs},
+    {"format", formatSeeds, formatBadInputs},
+    {"text", textSeeds, textBadInputs},
+    {"rtb_comment", rtbCommentSeeds, rtbCommentBadInputs},
 };
 
 }  // namespace

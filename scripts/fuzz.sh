@@ -10,7 +10,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 seconds="${1:-60}"
 build="${NVWM_FUZZ_BUILD_DIR:-build-fuzz}"
-targets=(docx_merge csv ado_filter jet_sql format text)
+targets=(docx_merge csv ado_filter jet_sql format text rtb_comment)
 
 if [ ! -f "$build/CMakeCache.txt" ]; then
   launcher=()

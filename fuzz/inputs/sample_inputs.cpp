@@ -434,4 +434,52 @@ std::vector<NamedInput> textBadInputs() {
   };
 }
 
+namespace {
+
+// Options of rtb_comment_fuzzer.cpp: bit 0 isRTF, bit 1 skipFieldNameCheck, bit 2 sample data.
+std::string templateInput(uint8_t options, const std::string& text) {
+  return std::string(1, static_cast<char>(options)) + text;
+}
+
+}  // namespace
+
+std::vector<NamedInput> rtbCommentSeeds() {
+  return {
+      {"letter.bin", templateInput(0,
+                                   "Dear \xC2\xAB"
+                                   "Contact First Name\xC2\xBB,\r\n\r\nYour "
+                                   "\xC2\xAB"
+                                   "Company Name\xC2\xBB account, \xC2\xAB"
+                                   "(Todays Date, mmmm d, yyyy)\xC2\xBB.")},
+      {"rtf-letter.bin", templateInput(1,
+                                       "{\\rtf1\\ansi Dear \\'abCompany Name\\'bb,\\par "
+                                       "\\'ab(Todays Date, d mmmm yyyy)\\'bb\\par }")},
+      {"unknown-field-sample-data.bin", templateInput(4,
+                                                      "\xC2\xAB"
+                                                      "No Such Field\xC2\xBB and \xC2\xAB"
+                                                      "Company City\xC2\xBB")},
+      {"provinces-and-blank-lines.bin", templateInput(2,
+                                                      "\xC2\xAB"
+                                                      "Company Province\xC2\xBB\r\n\xC2\xAB"
+                                                      "Company Address 2\xC2\xBB"
+                                                      "\r\n\r\n\xC2\xAB"
+                                                      "Company Postal Code\xC2\xBB")},
+  };
+}
+
+std::vector<NamedInput> rtbCommentBadInputs() {
+  return {
+      {"unclosed-delimiter.bin", templateInput(0,
+                                               "Dear \xC2\xAB"
+                                               "Company Name")},
+      {"close-before-open.bin", templateInput(0, "\xC2\xBB\xC2\xAB\xC2\xBB\xC2\xAB")},
+      {"rtf-escape-cut-short.bin", templateInput(1, "{\\rtf1 \\'abCompany Name\\'b")},
+      {"bad-bytes.bin", templateInput(0, "\xC2\xAB\xFF\xC3\xBB\xE2\x82\xC2\xBB")},
+      {"date-without-format.bin",
+       templateInput(0, "\xC2\xAB(Todays Date)\xC2\xBB \xC2\xAB(, )\xC2\xBB")},
+      {"many-delimiters.bin",
+       templateInput(0, repeat("\xC2\xAB", 5000) + repeat("\xC2\xBB", 5000))},
+  };
+}
+
 }  // namespace nvwm::fuzzing

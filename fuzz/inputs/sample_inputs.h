@@ -29,5 +29,8 @@ std::vector<NamedInput> formatSeeds();
 std::vector<NamedInput> formatBadInputs();
 std::vector<NamedInput> textSeeds();
 std::vector<NamedInput> textBadInputs();
+// The template engine's passes: an options byte (rtb_comment_fuzzer.cpp), then the template.
+std::vector<NamedInput> rtbCommentSeeds();
+std::vector<NamedInput> rtbCommentBadInputs();
 
 }  // namespace nvwm::fuzzing
