@@ -169,6 +169,24 @@ class clsInsertFieldsInRTB {
   std::string getAbbreviatedProvince(std::string& province);
   std::string getFullProvinceString(std::string& province);
 
+  // ---- Calendar texts (scheduling/calendar_display_text.cpp) -----------------------------
+  // The text that stands for an appointment (ListType 5), time entry (6) or task (8) on the
+  // calendar: the user's template from UserCalendarSettings (a default for a Null, "0" or
+  // "Text Constant" column, or with useSampleData a template that fails the test pass),
+  // filled by parseRTBComment, between the record's BeforeAppointmentText and
+  // AfterAppointmentText. Any other ListType gives "". A user without a settings row gains
+  // one. Call initializeDataRecordsets first. Without errorClassRTB nothing is done ("").
+  std::string createDisplayTextByID(int32_t& userID, int32_t companyID, int32_t contactID,
+                                    int32_t appointmentID, int32_t docketID, int32_t taskID,
+                                    bool& useSampleData, bool& isRTF,
+                                    bool& useContactForMissingCompany);
+  // The title-bar text: the user's TitleBarText template, put between « and » where it lacks
+  // them (a bare field name works), filled; "" when the column is Null (there is no default)
+  // and without a connection.
+  std::string createTitleBarTextByID(int32_t& userID, int32_t companyID, int32_t contactID,
+                                     int32_t appointmentID, int32_t docketID, int32_t taskID,
+                                     bool& isRTF, bool& useContactForMissingCompany);
+
  private:
   // Where a build adds its list entries: the control, or nothing when noList.
   struct ListTarget {
@@ -202,6 +220,16 @@ class clsInsertFieldsInRTB {
   void insertIntoRTB(const std::string& text, int32_t position);
   // The data-set handles and remembered IDs, lent to the value routines (engine/data_sets.cpp).
   engine::DataSets dataSets();
+  // The user's calendar template column "<columnPrefix><word of ListType>" into templateText,
+  // the settings row added first when the user has none. True when the column held text.
+  bool readUserCalendarTemplate(Routine& r, int32_t userID, const char* columnPrefix,
+                                std::string& templateText);
+  // Reopens the data set of ListType on the ID of its kind when that ID is new and valid,
+  // builds the catalogue if it is empty, and fills the template.
+  std::string fillCalendarTemplate(Routine& r, const std::string& templateText, int32_t userID,
+                                   int32_t companyID, int32_t contactID, int32_t appointmentID,
+                                   int32_t docketID, int32_t taskID, bool useSampleData,
+                                   bool& isRTF, bool& useContactForMissingCompany);
   // errorClassRTB as the routines' error service.
   Routine::OwnErrorService errorService() const { return {errorClassRTB_.get()}; }
 

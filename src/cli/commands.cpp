@@ -3,7 +3,10 @@
 #include <spdlog/sinks/stdout_sinks.h>
 #include <spdlog/spdlog.h>
 
+#include <cstdio>
+
 #include "host/references.h"
+#include "runtime/error.h"
 #include "services/logging_error_service.h"
 
 namespace nvwm::cli {
@@ -33,6 +36,41 @@ void registerCommands(CLI::App& app) {
   registerCheck(app);
   registerContact(app);
   registerMerge(app);
+  registerSchedule(app);
+}
+
+std::string oneLine(const std::string& text) {
+  std::string out;
+  for (char c : text) {
+    switch (c) {
+      case '\t':
+        out += "\\t";
+        break;
+      case '\n':
+        out += "\\n";
+        break;
+      case '\r':
+        out += "\\r";
+        break;
+      case '\\':
+        out += "\\\\";
+        break;
+      default:
+        out += c;
+    }
+  }
+  return out;
+}
+
+std::optional<Date> parseIsoDate(const std::string& text) {
+  int y = 0, m = 0, d = 0;
+  char tail = 0;
+  if (std::sscanf(text.c_str(), "%d-%d-%d%c", &y, &m, &d, &tail) != 3) return std::nullopt;
+  try {
+    return Date::fromYmd(y, m, d);
+  } catch (const RuntimeError&) {
+    return std::nullopt;
+  }
 }
 
 }  // namespace nvwm::cli

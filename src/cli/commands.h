@@ -3,7 +3,10 @@
 
 #include <CLI/CLI.hpp>
 #include <memory>
+#include <optional>
 #include <string>
+
+#include "runtime/date.h"
 
 namespace nvwm {
 class LoggingErrorService;
@@ -31,5 +34,12 @@ void registerFill(CLI::App& app);
 void registerCheck(CLI::App& app);
 void registerContact(CLI::App& app);
 void registerMerge(CLI::App& app);
+void registerSchedule(CLI::App& app);
+
+// The text with a tab, a line break or a backslash written \t, \n, \r or \\, so that it
+// stays on one line of output.
+std::string oneLine(const std::string& text);
+// A date given as YYYY-MM-DD; nothing for any other text or a day that doesn't exist.
+std::optional<Date> parseIsoDate(const std::string& text);
 
 }  // namespace nvwm::cli

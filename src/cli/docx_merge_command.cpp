@@ -29,6 +29,10 @@ void registerDocxMerge(CLI::App& app) {
       limits.maxPartSize = options->maxPartMb << 20;
       size_t merged = wordengine::mergeFiles(options->templatePath, options->data, options->table,
                                              options->out, limits);
+      if (merged == 0) {
+        std::cerr << "docx-merge: SKIPIF dropped every record; " << options->out
+                  << " holds an empty document\n";
+      }
       std::cout << "merged " << merged << (merged == 1 ? " record" : " records") << " into "
                 << options->out << "\n";
       setExitCode(0);

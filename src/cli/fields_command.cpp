@@ -41,17 +41,6 @@ void printCatalogue(IDList& list) {
   }
 }
 
-std::optional<Date> parseIsoDate(const std::string& text) {
-  int y = 0, m = 0, d = 0;
-  char tail = 0;
-  if (std::sscanf(text.c_str(), "%d-%d-%d%c", &y, &m, &d, &tail) != 3) return std::nullopt;
-  try {
-    return Date::fromYmd(y, m, d);
-  } catch (const RuntimeError&) {
-    return std::nullopt;
-  }
-}
-
 struct FieldsOptions {
   int32_t listType = 1;
   int32_t use = 1;

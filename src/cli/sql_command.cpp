@@ -17,27 +17,7 @@ namespace {
 
 std::string cellText(const Variant& v) {
   if (v.isNull() || v.isEmpty()) return "";
-  std::string text = v.isDate() ? sqlite::dateToStoredText(v.dateValue()) : CStr(v);
-  std::string out;
-  for (char c : text) {
-    switch (c) {
-      case '\t':
-        out += "\\t";
-        break;
-      case '\n':
-        out += "\\n";
-        break;
-      case '\r':
-        out += "\\r";
-        break;
-      case '\\':
-        out += "\\\\";
-        break;
-      default:
-        out += c;
-    }
-  }
-  return out;
+  return oneLine(v.isDate() ? sqlite::dateToStoredText(v.dateValue()) : CStr(v));
 }
 
 int runSql(const std::string& path, const std::string& sql) {

@@ -10,9 +10,12 @@
 #include "docx/compile_template.h"
 
 #include <algorithm>
+#include <cstdio>
 #include <cstring>
 
+#include "docx/field_code.h"
 #include "docx/template_fields.h"
+#include "docx/xml_characters.h"
 #include "docx/xml_tree.h"
 #include "docx/xml_writer.h"
 #include "runtime/error.h"
@@ -20,7 +23,21 @@
 namespace nvwm::docx {
 namespace {
 
+using ParagraphIds = std::unordered_map<std::string, uint32_t>;
+
+// A character XML 1.0 forbids would be written out again and spoil the merged document.
+void checkCharacters(const std::string& bytes, const std::string& partName) {
+  std::optional<ForbiddenCharacter> bad = findForbiddenCharacter(bytes);
+  if (!bad) return;
+  char code[16];
+  std::snprintf(code, sizeof code, "U+%04X", static_cast<unsigned>(bad->codePoint));
+  raise(ErrorNumber::kDocumentError, "part " + partName + " holds " + code + " at byte " +
+                                         std::to_string(bad->offset) +
+                                         ", a character XML 1.0 forbids");
+}
+
 pugi::xml_document parse(const std::string& bytes, const std::string& partName) {
+  checkCharacters(bytes, partName);
   pugi::xml_document doc;
   pugi::xml_parse_result r =
       doc.load_buffer(bytes.data(), bytes.size(), kParseFlags, pugi::encoding_utf8);
@@ -31,7 +48,7 @@ pugi::xml_document parse(const std::string& bytes, const std::string& partName) 
   return doc;
 }
 
-// The attributes that a copy renumbers, by element.
+// The attributes that a copy renumbers, by element; an element of nullptr: on any element.
 struct ReferenceRule {
   const char* element;
   const char* attribute;
@@ -47,28 +64,61 @@ constexpr ReferenceRule kReferenceRules[] = {
     {"w:commentRangeEnd", "w:id", RefKind::kComment},
     {"wp:docPr", "id", RefKind::kDrawing},
     {"w:bookmarkStart", "w:id", RefKind::kBookmark},
+    {"w:bookmarkStart", "w:name", RefKind::kBookmarkName},
     {"w:bookmarkEnd", "w:id", RefKind::kBookmark},
+    {"w:hyperlink", "w:anchor", RefKind::kBookmarkName},
+    {nullptr, "w14:paraId", RefKind::kParagraphId},
     // The notes themselves, in their own parts.
     {"w:footnote", "w:id", RefKind::kFootnote},
     {"w:endnote", "w:id", RefKind::kEndnote},
     {"w:comment", "w:id", RefKind::kComment},
 };
 
-const ReferenceRule* referenceRuleOf(pugi::xml_node element) {
-  if (!element.first_attribute()) return nullptr;
+// The kind of reference an attribute of the element is, if it is one.
+std::optional<RefKind> referenceKindOf(pugi::xml_node element, const char* attribute) {
   for (const ReferenceRule& rule : kReferenceRules) {
-    if (named(element, rule.element)) return &rule;
+    if (std::strcmp(rule.attribute, attribute) == 0 &&
+        (!rule.element || named(element, rule.element))) {
+      return rule.kind;
+    }
   }
-  return nullptr;
+  return std::nullopt;
+}
+
+bool hasReference(pugi::xml_node element, bool allKinds) {
+  for (pugi::xml_attribute a : element.attributes()) {
+    std::optional<RefKind> kind = referenceKindOf(element, a.name());
+    if (kind && (allKinds || *kind == RefKind::kParagraphId)) return true;
+  }
+  return false;
+}
+
+// Where the bookmark name of a REF, PAGEREF or NOTEREF instruction stands in it (offset,
+// size), when the instruction is whole in this text. A name in quotes or cut over runs is
+// left as written.
+std::optional<std::pair<size_t, size_t>> bookmarkNameIn(std::string_view instruction) {
+  std::string keyword = fieldKeyword(instruction);
+  if (keyword != "REF" && keyword != "PAGEREF" && keyword != "NOTEREF") return std::nullopt;
+  size_t pos = instruction.find_first_not_of(" \t\r\n");
+  pos = instruction.find_first_of(" \t\r\n", pos);
+  if (pos == std::string_view::npos) return std::nullopt;
+  pos = instruction.find_first_not_of(" \t\r\n", pos);
+  if (pos == std::string_view::npos || instruction[pos] == '"' || instruction[pos] == '\\')
+    return std::nullopt;
+  size_t end = instruction.find_first_of(" \t\r\n\\", pos);
+  if (end == std::string_view::npos) end = instruction.size();
+  return std::pair{pos, end - pos};
 }
 
 // Writes subtrees of a parsed part into a program.
 class ProgramWriter {
  public:
   // fields: the places found in the tree (their indices are the program's fields).
-  // references: attributes of kReferenceRules become references.
-  ProgramWriter(MergeProgram& program, const TemplateFields& fields, bool references)
-      : program_(program), fields_(fields), references_(references) {}
+  // references: attributes of kReferenceRules become references; else only paragraph ids do.
+  // paragraphIds: where each paragraph id met is given its ordinal (CompiledTemplate).
+  ProgramWriter(MergeProgram& program, const TemplateFields& fields, bool references,
+                std::unordered_map<std::string, uint32_t>& paragraphIds)
+      : program_(program), fields_(fields), references_(references), paragraphIds_(paragraphIds) {}
 
   // A node and its subtree.
   void node(pugi::xml_node n) {
@@ -91,6 +141,12 @@ class ProgramWriter {
   // One lookup per node on the way down; the way up reads what it found.
   bool enter(pugi::xml_node n) {
     if (n.type() != pugi::node_element) {
+      if (references_ && n.type() == pugi::node_pcdata && named(n.parent(), "w:instrText")) {
+        if (auto name = bookmarkNameIn(n.value())) {
+          writeInstruction(n.value(), *name, false);
+          return false;
+        }
+      }
       appendOpening(program_.xml(), n, true);
       return false;
     }
@@ -104,10 +160,27 @@ class ProgramWriter {
       writePlan(*plan);
       return false;
     }
+    if (references_ && named(n, "w:fldSimple")) {
+      pugi::xml_attribute instr = n.attribute("w:instr");
+      if (auto name = bookmarkNameIn(instr.value())) {
+        std::string& out = program_.xml();
+        out += '<';
+        out += n.name();
+        for (pugi::xml_attribute a : n.attributes()) {
+          if (a != instr) {
+            appendAttribute(out, a);
+            continue;
+          }
+          out += " w:instr=\"";
+          writeInstruction(a.value(), *name, true);
+          program_.xml() += '"';
+        }
+        program_.xml() += n.first_child() ? ">" : "/>";
+        return static_cast<bool>(n.first_child());
+      }
+    }
     bool leaf = !n.first_child();
-    const ReferenceRule* rule =
-        references_ && n.type() == pugi::node_element ? referenceRuleOf(n) : nullptr;
-    if (!rule) {
+    if (!hasReference(n, references_)) {
       appendOpening(program_.xml(), n, leaf);
       return !leaf;
     }
@@ -115,18 +188,35 @@ class ProgramWriter {
     out += '<';
     out += n.name();
     for (pugi::xml_attribute a : n.attributes()) {
-      if (std::strcmp(a.name(), rule->attribute) != 0) {
+      std::optional<RefKind> kind = referenceKindOf(n, a.name());
+      if (!kind || (!references_ && *kind != RefKind::kParagraphId)) {
         appendAttribute(out, a);
         continue;
       }
       out += ' ';
       out += a.name();
       out += "=\"";
-      program_.appendReference(rule->kind, a.value());  // appends to out
+      if (*kind == RefKind::kParagraphId) {
+        paragraphIds_.emplace(a.value(), static_cast<uint32_t>(paragraphIds_.size()));
+      }
+      program_.appendReference(*kind, a.value());  // appends to out
       out += '"';
     }
     out += leaf ? "/>" : ">";
     return !leaf;
+  }
+
+  // An instruction that names a bookmark, the name a reference (each copy points at its own).
+  void writeInstruction(std::string_view text, std::pair<size_t, size_t> name, bool attribute) {
+    auto escaped = [&](std::string_view piece) {
+      if (attribute)
+        appendEscapedAttribute(program_.xml(), piece);
+      else
+        appendEscapedText(program_.xml(), piece);
+    };
+    escaped(text.substr(0, name.first));
+    program_.appendReference(RefKind::kBookmarkName, text.substr(name.first, name.second));
+    escaped(text.substr(name.first + name.second));
   }
 
   // What a field becomes: its value, its record moves, or an IF's test and its two results:
@@ -146,6 +236,9 @@ class ProgramWriter {
         break;
       case FieldPlan::Kind::kSkipIf:
         program_.appendControl(OpKind::kSkipIf, plan.index);
+        break;
+      case FieldPlan::Kind::kSet:
+        program_.appendControl(OpKind::kSet, plan.index);
         break;
       case FieldPlan::Kind::kIf: {
         uint32_t test = program_.appendControl(OpKind::kIf, plan.index);
@@ -179,6 +272,7 @@ class ProgramWriter {
   MergeProgram& program_;
   const TemplateFields& fields_;
   bool references_;
+  std::unordered_map<std::string, uint32_t>& paragraphIds_;
   struct OpenGroup {
     pugi::xml_node paragraph;
     uint32_t beginOp;
@@ -255,7 +349,7 @@ void idStrides(pugi::xml_node root, long& drawing, long& bookmark) {
 
 // ---- The body ----
 
-CompiledBody compileBody(Package& main, bool suppress) {
+CompiledBody compileBody(Package& main, bool suppress, ParagraphIds& paragraphIds) {
   const std::string& mainPart = main.mainPart();
   CompiledBody out;
   pugi::xml_document doc = parse(main.bytes(mainPart), mainPart);
@@ -274,12 +368,12 @@ CompiledBody compileBody(Package& main, bool suppress) {
   idStrides(doc, out.drawingStride, out.bookmarkStride);
 
   surroundings(body, out.prefix, out.suffix);
-  ProgramWriter content(out.content, fields, true);
+  ProgramWriter content(out.content, fields, true, paragraphIds);
   content.children(body, finalSect);
   out.content.finish();
   // Section properties hold no fields; anything that looks like one there stays as it is.
   TemplateFields none;
-  ProgramWriter section(out.section, none, true);
+  ProgramWriter section(out.section, none, true, paragraphIds);
   section.node(finalSect);
   out.section.finish();
   return out;
@@ -287,7 +381,8 @@ CompiledBody compileBody(Package& main, bool suppress) {
 
 // ---- Headers and footers ----
 
-std::vector<CompiledHeader> compileHeaders(Package& main, bool suppress) {
+std::vector<CompiledHeader> compileHeaders(Package& main, bool suppress,
+                                           ParagraphIds& paragraphIds) {
   const std::string& mainPart = main.mainPart();
   std::vector<CompiledHeader> headers;
   size_t ordinal = 0;
@@ -302,7 +397,7 @@ std::vector<CompiledHeader> compileHeaders(Package& main, bool suppress) {
     TemplateFields fields;
     fields.find(doc.document_element(), suppress, h.program);
     if (!h.program.hasFields()) continue;  // shared by every copy as it is
-    ProgramWriter writer(h.program, fields, false);
+    ProgramWriter writer(h.program, fields, false, paragraphIds);
     writer.children(doc);
     h.program.finish();
     h.relId = rel.id;
@@ -319,7 +414,8 @@ std::vector<CompiledHeader> compileHeaders(Package& main, bool suppress) {
 // ---- Footnotes, endnotes and comments ----
 
 std::optional<CompiledNotes> compileNotes(Package& main, const std::string& part,
-                                          const char* element, RefKind kind, bool suppress) {
+                                          const char* element, RefKind kind, bool suppress,
+                                          ParagraphIds& paragraphIds) {
   if (part.empty() || !main.has(part)) return std::nullopt;
   pugi::xml_document doc = parse(main.bytes(part), part);
   pugi::xml_node root = doc.document_element();
@@ -338,7 +434,7 @@ std::optional<CompiledNotes> compileNotes(Package& main, const std::string& part
   out.count = static_cast<long>(normal.size());
   TemplateFields fields;
   for (pugi::xml_node n : normal) fields.find(n, suppress, out.notes);
-  ProgramWriter writer(out.notes, fields, true);
+  ProgramWriter writer(out.notes, fields, true, paragraphIds);
   for (pugi::xml_node n : normal) {
     out.indexOf.emplace(n.attribute("w:id").value(), static_cast<long>(out.indexOf.size()));
     writer.node(n);
@@ -368,6 +464,16 @@ std::string CompiledNotes::idFor(std::string_view original, size_t copy) const {
   return std::to_string(base + static_cast<long>(copy) * count + it->second);
 }
 
+std::string CompiledTemplate::paragraphIdFor(std::string_view original, size_t copy) const {
+  auto it = paragraphIds.find(std::string(original));
+  if (it == paragraphIds.end()) return std::string(original);
+  // Eight hex digits below 0x80000000, never 0, as Word writes them.
+  uint64_t value = 1 + (copy * paragraphIds.size() + it->second) % 0x7FFFFFFE;
+  char text[16];
+  std::snprintf(text, sizeof text, "%08X", static_cast<unsigned>(value));
+  return text;
+}
+
 const CompiledNotes* CompiledTemplate::notesOf(RefKind kind) const {
   for (const CompiledNotes& n : notes) {
     if (n.kind == kind) return &n;
@@ -379,18 +485,21 @@ CompiledTemplate compileTemplate(Package& main, bool suppressBlankLines) {
   CompiledTemplate out;
   out.mainPart = main.mainPart();
   for (std::string& name : main.partNames()) out.partNames.insert(std::move(name));
-  out.body = compileBody(main, suppressBlankLines);
-  out.headers = compileHeaders(main, suppressBlankLines);
+  out.body = compileBody(main, suppressBlankLines, out.paragraphIds);
+  out.headers = compileHeaders(main, suppressBlankLines, out.paragraphIds);
   for (const auto& rel : main.relationships(out.mainPart)) {
     if (rel.external) continue;
     std::string part = Package::resolveTarget(out.mainPart, rel.target);
     std::optional<CompiledNotes> notes;
     if (rel.type == kRelFootnotes) {
-      notes = compileNotes(main, part, "w:footnote", RefKind::kFootnote, suppressBlankLines);
+      notes = compileNotes(main, part, "w:footnote", RefKind::kFootnote, suppressBlankLines,
+                           out.paragraphIds);
     } else if (rel.type == kRelEndnotes) {
-      notes = compileNotes(main, part, "w:endnote", RefKind::kEndnote, suppressBlankLines);
+      notes = compileNotes(main, part, "w:endnote", RefKind::kEndnote, suppressBlankLines,
+                           out.paragraphIds);
     } else if (rel.type == kRelComments) {
-      notes = compileNotes(main, part, "w:comment", RefKind::kComment, suppressBlankLines);
+      notes = compileNotes(main, part, "w:comment", RefKind::kComment, suppressBlankLines,
+                           out.paragraphIds);
     }
     if (notes && !out.notesOf(notes->kind)) out.notes.push_back(std::move(*notes));
   }

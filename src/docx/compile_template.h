@@ -56,14 +56,20 @@ struct CompiledTemplate {
   std::vector<CompiledHeader> headers;
   std::vector<CompiledNotes> notes;
   std::unordered_set<std::string> partNames;  // the template's parts: new parts take others
+  // The paragraph ids (w14:paraId) of the parts copied per record, each with its ordinal: a
+  // copy gives each an id of its own (paragraphIdFor).
+  std::unordered_map<std::string, uint32_t> paragraphIds;
+
+  std::string paragraphIdFor(std::string_view original, size_t copy) const;
 
   const CompiledNotes* notesOf(RefKind kind) const;
 };
 
 // Compiles the main document. suppressBlankLines: paragraphs that hold nothing but merge
 // fields are left out of a copy where all of them are empty. Raises 4198 when the main
-// document part or a header, footer or notes part is not well-formed XML, or the main
-// document has no body.
+// document part or a header, footer or notes part is not well-formed XML or holds a character
+// XML 1.0 forbids (the message names the part), or the main document has
+// no body.
 CompiledTemplate compileTemplate(Package& main, bool suppressBlankLines);
 
 }  // namespace nvwm::docx

@@ -9,8 +9,8 @@
 // Malformed input:
 //   - CSV follows RFC 4180: comma separated, fields in double quotes may hold commas, line
 //     breaks and "" for a quote; CRLF or LF ends a record; a UTF-8 byte order mark is skipped;
-//     a blank last line is ignored; a short row is filled with empty values; a row longer than
-//     the header is refused (it means the quoting is wrong).
+//     a blank line is ignored (a line of "" is a record of one empty value); a short row is filled
+//     with empty values; a row longer than the header is refused (it means the quoting is wrong).
 //   - Text that is not valid UTF-8, in CSV or in SQLite, is refused with the row it is on, so
 //     that no invalid text reaches a document.
 #include "docx/data_source.h"
@@ -303,7 +303,9 @@ MergeData MergeData::fromCsvText(std::string text, const std::string& path) {
   size_t recordLine = 1;
   size_t i = 0;
   bool fieldStarted = false;
+  // A line with nothing on it is no record; a line of "" is one, of one empty value.
   auto endRecord = [&] {
+    if (record.empty() && !fieldStarted) return;
     record.push_back(std::move(field));
     field.clear();
     records.push_back(std::move(record));
@@ -362,8 +364,6 @@ MergeData MergeData::fromCsvText(std::string text, const std::string& path) {
         sourceError(path, "record " + std::to_string(r + 1) + " is not UTF-8 text");
     }
   }
-  // A blank line is no record.
-  std::erase_if(records, [](const auto& r) { return r.size() == 1 && r[0].empty(); });
   if (records.empty()) sourceError(path, "it has no header row");
   data.columns_ = records[0];
   for (size_t r = 1; r < records.size(); ++r) {

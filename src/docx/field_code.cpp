@@ -104,6 +104,17 @@ void appendTitleCase(std::string& out, std::string_view s, size_t i, const Chara
   }
 }
 
+// Where the first letter at or after i stands (text.size() when there is none): Word's case
+// formats pass over leading spaces, punctuation and digits.
+size_t firstLetter(std::string_view text, size_t i) {
+  while (i < text.size()) {
+    Character c = characterAt(text, i);
+    if (c.codePoint && u_isalpha(static_cast<UChar32>(*c.codePoint))) return i;
+    i += c.size;
+  }
+  return text.size();
+}
+
 std::string twoDigits(int n) {
   char buf[8];
   std::snprintf(buf, sizeof buf, "%02d", n % 100);
@@ -143,7 +154,7 @@ bool MergeFieldCode::charFormat() const {
   return false;
 }
 
-std::string fieldKeyword(std::string_view instruction) {
+std::string_view fieldName(std::string_view instruction) {
   size_t pos = 0;
   while (pos < instruction.size() && isBlank(instruction[pos])) ++pos;
   size_t end = pos;
@@ -151,7 +162,11 @@ std::string fieldKeyword(std::string_view instruction) {
          instruction[end] != '"') {
     ++end;
   }
-  return upperAscii(instruction.substr(pos, end - pos));
+  return instruction.substr(pos, end - pos);
+}
+
+std::string fieldKeyword(std::string_view instruction) {
+  return upperAscii(fieldName(instruction));
 }
 
 namespace {
@@ -175,8 +190,10 @@ std::optional<MergeFieldCode> parseSwitchedField(std::string_view instruction,
       continue;  // a stray word after the name is ignored, as Word does
     }
     char letter = t.text[0];
+    // A switch that takes an argument and has none spoils the field, as in Word.
     auto argument = [&]() -> std::string {
       if (i + 1 < tokens.size() && !tokens[i + 1].isSwitch) return tokens[++i].text;
+      code.argumentMissing = true;
       return {};
     };
     switch (letter) {
@@ -206,7 +223,7 @@ std::optional<MergeFieldCode> parseSwitchedField(std::string_view instruction,
         code.vertical = true;
         break;
       default:
-        argument();
+        if (i + 1 < tokens.size() && !tokens[i + 1].isSwitch) ++i;
         break;
     }
   }
@@ -220,9 +237,25 @@ std::optional<MergeFieldCode> parseMergeField(std::string_view instruction) {
   return parseSwitchedField(instruction, "MERGEFIELD", true);
 }
 
+std::optional<MergeFieldCode> parseNamedField(std::string_view instruction,
+                                              std::string_view keyword) {
+  return parseSwitchedField(instruction, keyword, true);
+}
+
 std::optional<MergeFieldCode> parseCounterField(std::string_view instruction,
                                                 std::string_view keyword) {
   return parseSwitchedField(instruction, keyword, false);
+}
+
+std::string fieldArgumentText(std::string_view value, bool wrap) {
+  std::string out;
+  if (wrap) out += '"';
+  for (char c : value) {
+    if (c == '"' || c == '\\') out += '\\';
+    out += c;
+  }
+  if (wrap) out += '"';
+  return out;
 }
 
 std::string plainValueText(const Variant& value) {
@@ -233,6 +266,7 @@ std::string plainValueText(const Variant& value) {
 }
 
 std::string formatMergeValue(const MergeFieldCode& code, const Variant& value) {
+  if (code.argumentMissing) return std::string(kSwitchArgumentMissingText);
   std::string text;
   bool done = false;
   if (code.datePicture) {
@@ -295,9 +329,8 @@ std::string formatWordDate(Date date, std::string_view p) {
       continue;
     }
     if (startsWithNoCase(p, i, "am/pm")) {
-      bool lower = p[i] == 'a';
-      std::string mark = d.hour < 12 ? rs.am : rs.pm;
-      out += lower ? LCase(mark) : mark;
+      // Word shows the mark in capitals however the picture spells it.
+      out += UCase(d.hour < 12 ? rs.am : rs.pm);
       i += 5;
       continue;
     }
@@ -447,10 +480,17 @@ std::string formatWordNumber(double value, std::string_view picture) {
     int di = static_cast<int>(intDigits.size()) - 1;
     for (; pi >= 0 && di >= 0; --pi, --di) filled.insert(filled.begin(), intDigits[di]);
     if (di >= 0) filled.insert(0, intDigits.substr(0, di + 1));  // more digits than places
+    // A 0 without a digit shows 0; a # shows a space ("$###" of 15 is "$ 15"), and a
+    // separator between such places is left out.
+    size_t blanks = 0;
     for (; pi >= 0; --pi) {
-      if (placeholders[pi] == '0') filled.insert(filled.begin(), '0');
+      if (placeholders[pi] == '0')
+        filled.insert(filled.begin(), '0');
+      else if (placeholders[pi] == '#')
+        ++blanks;
     }
-    integerPart = grouping ? groupDigits(filled, rs.thousandsSeparator) : filled;
+    integerPart =
+        std::string(blanks, ' ') + (grouping ? groupDigits(filled, rs.thousandsSeparator) : filled);
   }
   std::string decimalPart;
   if (point != std::string::npos) {
@@ -475,34 +515,35 @@ std::string capsText(std::string_view text) {
       i += c.size;
       continue;
     }
-    // A word: its first letter up, the rest down.
-    appendTitleCase(out, text, i, c);
-    size_t rest = i + c.size, end = rest;
+    // A word: what leads up to its first letter as it is ("(mary" -> "(Mary"), that letter
+    // up, the rest down.
+    size_t end = i;
     while (end < text.size()) {
       Character next = characterAt(text, end);
       if (isSpace(next)) break;
       end += next.size;
     }
-    out += LCase(text.substr(rest, end - rest));
+    size_t letter = firstLetter(text.substr(0, end), i);
+    if (letter == end) {
+      out += LCase(text.substr(i, end - i));
+    } else {
+      out.append(text.substr(i, letter - i));
+      Character first = characterAt(text, letter);
+      appendTitleCase(out, text, letter, first);
+      out += LCase(text.substr(letter + first.size, end - letter - first.size));
+    }
     i = end;
   }
   return out;
 }
 
 std::string firstCapText(std::string_view text) {
-  std::string out;
-  out.reserve(text.size());
-  size_t i = 0;
-  while (i < text.size()) {
-    Character c = characterAt(text, i);
-    if (!isSpace(c)) {
-      appendTitleCase(out, text, i, c);
-      out.append(text.substr(i + c.size));
-      return out;
-    }
-    out.append(text.substr(i, c.size));
-    i += c.size;
-  }
+  size_t letter = firstLetter(text, 0);
+  if (letter == text.size()) return std::string(text);
+  std::string out(text.substr(0, letter));
+  Character c = characterAt(text, letter);
+  appendTitleCase(out, text, letter, c);
+  out.append(text.substr(letter + c.size));
   return out;
 }
 

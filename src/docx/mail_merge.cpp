@@ -7,6 +7,7 @@
 
 #include "docx/compile_template.h"
 #include "docx/merge_sink.h"
+#include "docx/output_file.h"
 #include "docx/render_merge.h"
 #include "docx/xml_tree.h"
 
@@ -236,7 +237,7 @@ bool suppressesBlankLines(Package& package) {
   return val == "0" || val == "false" || val == "off";
 }
 
-std::unique_ptr<Package> mergeDocument(Package& main, const MergeData& data) {
+std::unique_ptr<Package> mergeDocument(Package& main, const MergeData& data, size_t* copiesMade) {
   CompiledTemplate compiled = compileTemplate(main, suppressesBlankLines(main));
   std::unique_ptr<Package> out = main.clone();
   removeMailMergeLink(*out);
@@ -244,7 +245,24 @@ std::unique_ptr<Package> mergeDocument(Package& main, const MergeData& data) {
   size_t copies = renderMerge(compiled, data, sink);
   sink.finish();
   if (copies > 0) removeHeaderTemplates(*out, compiled);
+  if (copiesMade) *copiesMade = copies;
   return out;
+}
+
+size_t mergeDocumentToFile(Package& main, const MergeData& data, const std::string& path) {
+  CompiledTemplate compiled = compileTemplate(main, suppressesBlankLines(main));
+  std::unique_ptr<Package> out = main.clone();
+  removeMailMergeLink(*out);
+  OutputFile file(path);
+  ZipWriter zip(file.fd());
+  ZipSink sink(*out, zip);
+  size_t copies = renderMerge(compiled, data, sink);
+  // The templates go before the sink writes the package's parts and relationships.
+  if (copies > 0) removeHeaderTemplates(*out, compiled);
+  sink.finish();
+  zip.finish();
+  file.commit();
+  return copies;
 }
 
 }  // namespace nvwm::docx

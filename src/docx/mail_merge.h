@@ -37,8 +37,16 @@ bool suppressesBlankLines(Package& package);
 // that copies the main document's last section properties and restarts page numbering;
 // headers and footers with merge fields are copied and filled per copy (new parts and
 // relationships); footnotes, endnotes and comments are copied per copy. MERGEFIELD, IF,
-// MERGEREC and MERGESEQ become plain text. The result has no mail-merge settings. The main
-// package is not changed. Raises 4198 when the main document part can't be read.
-std::unique_ptr<Package> mergeDocument(Package& main, const MergeData& data);
+// MERGEREC, MERGESEQ, REF to a SET or ASK name and FILLIN become plain text; SET, ASK, NEXT,
+// NEXTIF and SKIPIF leave nothing; other fields stay fields. The result has no mail-merge settings.
+// The main package is not changed. Raises 4198 when the main document part can't be read. copies,
+// when given, is set to the number of copies made: 0 when SKIPIF dropped every record (the body is
+// then one empty paragraph).
+std::unique_ptr<Package> mergeDocument(Package& main, const MergeData& data,
+                                       size_t* copies = nullptr);
+// The same merged document, written to path as it is made (see ZipSink) through a temporary
+// file and a rename. Returns the number of copies. Raises as mergeDocument does, and 76 or 70
+// as Package::save does.
+size_t mergeDocumentToFile(Package& main, const MergeData& data, const std::string& path);
 
 }  // namespace nvwm::docx

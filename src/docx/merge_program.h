@@ -23,14 +23,24 @@ enum class FieldSource : uint8_t {
   kColumn,          // MERGEFIELD: the column of its name in the record
   kRecordNumber,    // MERGEREC: the record's position in the data source, from 1
   kSequenceNumber,  // MERGESEQ: how many records have been merged, this one included
+  kVariable,        // REF (or a bare name): the text SET or ASK gave the name in this copy
+  kText,            // FILLIN: its default text (FieldSlot::text), shown without prompting
 };
+
+// Where a field nested in another's instruction stands.
+enum class InstructionPlace : uint8_t { kBare, kQuoted, kFormula };
 
 // One field of a part that shows a value.
 struct FieldSlot {
-  MergeFieldCode code;
+  MergeFieldCode code;  // for kVariable, code.name is the variable's name
   FieldSource source = FieldSource::kColumn;
+  int32_t text = -1;           // kText: the operand (MergeProgram::texts) it shows
   std::string runProperties;   // the w:rPr the result runs take (serialized), may be empty
   bool inInstruction = false;  // stands inside another field's instruction
+  // There, how its value is written so that the field around it, updated later, reads it
+  // whole: in quotes of its own (kBare), escaped inside the quotes it stands in (kQuoted), or
+  // as it is in a formula (=), which reads numbers.
+  InstructionPlace place = InstructionPlace::kBare;
 };
 
 // The comparison of IF, NEXTIF and SKIPIF.
@@ -53,6 +63,12 @@ struct Operand {
   bool quoted = false;  // written in quotes: ? and * are wildcards in = and <>
 };
 
+// SET name value, or ASK name with its \d default: the copy's variable takes the text.
+struct Assignment {
+  std::string name;
+  Operand value;
+};
+
 struct Condition {
   Operand left;
   Comparison comparison = Comparison::kEqual;
@@ -66,8 +82,8 @@ struct SlotGroup {
 };
 
 // The kinds of reference that a record's copy renumbers: relationship ids of headers and
-// footers, note ids, and the ids that must stay unique in a document (drawing wp:docPr ids,
-// bookmark ids).
+// footers, note ids, and the ids and names that must stay unique in a document (drawing
+// wp:docPr ids, bookmark ids and names, paragraph ids).
 enum class RefKind : uint8_t {
   kRelationship,
   kFootnote,  // kFootnote, kEndnote and kComment stay together, in this order
@@ -75,6 +91,8 @@ enum class RefKind : uint8_t {
   kComment,
   kDrawing,
   kBookmark,
+  kBookmarkName,  // w:bookmarkStart's name and what points at it (w:hyperlink's anchor)
+  kParagraphId,   // w14:paraId of paragraphs and table rows, unique in a document
 };
 
 enum class OpKind : uint8_t {
@@ -88,6 +106,7 @@ enum class OpKind : uint8_t {
   kNextRecord,  // NEXT: the cursor moves to the next record
   kNextIf,      // NEXTIF: the cursor moves to the next record when condition `index` holds
   kSkipIf,      // SKIPIF: the copy is dropped, and the record, when condition `index` holds
+  kSet,         // SET, ASK: assignment `index` is made (no output)
 };
 
 struct Op {
@@ -109,7 +128,8 @@ class MergeProgram {
   uint32_t beginGroup(uint32_t group);
   void endGroup(uint32_t beginOp);
   void appendReference(RefKind kind, std::string_view original);
-  // An op without output (kIf, kJump, kNextRecord, kNextIf, kSkipIf); returns its position.
+  // An op without output (kIf, kJump, kNextRecord, kNextIf, kSkipIf, kSet); returns its
+  // position.
   uint32_t appendControl(OpKind kind, uint32_t index = 0);
   // The op at `from` goes on here, at the next op appended.
   void landHere(uint32_t from);
@@ -125,6 +145,8 @@ class MergeProgram {
   std::vector<FieldSlot> fields;
   std::vector<SlotGroup> groups;
   std::vector<Condition> conditions;
+  std::vector<Assignment> assignments;
+  std::vector<Operand> texts;  // what kText fields show
 
  private:
   void closeXml();

@@ -33,6 +33,8 @@
 #include <fstream>
 #include <sstream>
 
+#include "docx/output_file.h"
+#include "docx/zip_writer.h"
 #include "runtime/error.h"
 
 namespace nvwm::docx {
@@ -368,62 +370,27 @@ void Package::locateMainPart() {
 }
 
 void Package::save(const std::string& path) {
-  fs::path target(path);
-  fs::path folder = target.has_parent_path() ? target.parent_path() : fs::path(".");
-  std::error_code ec;
-  if (!fs::is_directory(folder, ec)) {
-    raise(ErrorNumber::kPathNotFound, "cannot save '" + path + "': the folder does not exist");
-  }
-  std::string tempName = (folder / ("." + target.filename().string() + ".XXXXXX")).string();
-  int fd = ::mkstemp(tempName.data());
-  if (fd < 0) {
-    raise(ErrorNumber::kPermissionDenied,
-          "cannot save '" + path + "': " + std::string(std::strerror(errno)));
-  }
-  ::close(fd);
-  auto fail = [&](const std::string& why) {
-    ::unlink(tempName.c_str());
-    raise(ErrorNumber::kPermissionDenied, "cannot save '" + path + "': " + why);
-  };
+  OutputFile file(path);
+  ZipWriter zip(file.fd());
+  writeParts(zip, {});
+  zip.finish();
+  file.commit();
+}
 
-  int code = 0;
-  zip_t* zip = zip_open(tempName.c_str(), ZIP_CREATE | ZIP_TRUNCATE, &code);
-  if (!zip) fail(zipErrorText(code));
-  // Serialized trees must outlive zip_close, which is when libzip reads the buffers.
-  std::vector<std::string> serialized;
-  serialized.reserve(parts_.size());
-  std::vector<std::vector<zip_buffer_fragment_t>> pieces;
-  pieces.reserve(parts_.size());
+void Package::writeParts(ZipWriter& zip,
+                         const std::function<bool(const std::string&)>& skip) const {
   for (const auto& part : parts_) {
-    const std::string* data = &part->bytes;
+    if (skip && skip(part->name)) continue;
     if (part->dom) {
-      serialized.push_back(serialize(*part->dom));
-      data = &serialized.back();
-    }
-    zip_source_t* source = nullptr;
-    if (!part->fragments.empty()) {
-      pieces.emplace_back();
-      for (const auto& f : part->fragments) {
-        pieces.back().push_back({reinterpret_cast<zip_uint8_t*>(const_cast<char*>(f.data())),
-                                 static_cast<zip_uint64_t>(f.size())});
-      }
-      source = zip_source_buffer_fragment(zip, pieces.back().data(), pieces.back().size(), 0);
+      zip.add(part->name, serialize(*part->dom));
+    } else if (!part->fragments.empty()) {
+      zip.begin(part->name);
+      for (const auto& f : part->fragments) zip.write(f);
+      zip.end();
     } else {
-      source = zip_source_buffer(zip, data->data(), data->size(), 0);
-    }
-    if (!source || zip_file_add(zip, part->name.c_str(), source, ZIP_FL_ENC_UTF_8) < 0) {
-      if (source) zip_source_free(source);
-      std::string why = zip_strerror(zip);
-      zip_discard(zip);
-      fail(why);
+      zip.add(part->name, part->bytes);
     }
   }
-  if (zip_close(zip) != 0) {
-    std::string why = zip_strerror(zip);
-    zip_discard(zip);
-    fail(why);
-  }
-  if (::rename(tempName.c_str(), path.c_str()) != 0) fail(std::strerror(errno));
 }
 
 Package::Part* Package::find(std::string_view name) {

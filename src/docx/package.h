@@ -5,6 +5,7 @@
 // written back byte for byte, so unknown parts travel through untouched.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <pugixml.hpp>
 #include <string>
@@ -17,6 +18,8 @@
 struct zip;
 
 namespace nvwm::docx {
+
+class ZipWriter;
 
 // Relationship types and content types the engine writes or looks for.
 inline constexpr std::string_view kRelOfficeDocument =
@@ -79,6 +82,8 @@ class Package {
   // Writes the package to path through a temporary file in the same folder and a rename, so a
   // failure leaves either the old file or none, never a half-written one. Raises 76 or 70.
   void save(const std::string& path);
+  // Writes the parts, in order, to a zip being written, leaving out those skip names.
+  void writeParts(ZipWriter& zip, const std::function<bool(const std::string&)>& skip) const;
 
   bool has(std::string_view name) const;
   // The part's bytes (serialized from its tree when it has one). Raises 4198 when absent.

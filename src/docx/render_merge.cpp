@@ -10,9 +10,13 @@
 
 #include "docx/conditional_fields.h"
 #include "docx/xml_writer.h"
+#include "runtime/text.h"
 
 namespace nvwm::docx {
 namespace {
+
+// A variable's name as the copy's table keys it: upper case.
+std::string variableKey(std::string_view name) { return UCase(name); }
 
 // A numeric id moved on by `copy` strides; any other id as it is.
 std::string shifted(std::string_view id, size_t copy, long stride) {
@@ -57,6 +61,12 @@ class CopyReferences : public ReferenceResolver {
       case RefKind::kBookmark:
         appendEscapedAttribute(out, shifted(original, copy_, compiled_.body.bookmarkStride));
         return;
+      case RefKind::kBookmarkName:
+        appendEscapedAttribute(out, copyBookmarkName(original, copy_));
+        return;
+      case RefKind::kParagraphId:
+        appendEscapedAttribute(out, compiled_.paragraphIdFor(original, copy_));
+        return;
     }
     appendEscapedAttribute(out, original);
   }
@@ -91,7 +101,7 @@ class MergeRun {
   size_t run() {
     sink_.append(compiled_.mainPart, compiled_.body.prefix);
     while (!cursor_.atEnd()) {
-      RenderState state{cursor_, cursor_.index(), merged_};
+      RenderState state{cursor_, cursor_.index(), merged_, {}};
       if (renderCopy(state)) {
         commitCopy();
         merged_ += std::min(state.cursor.index(), data_.rowCount() - 1) - state.copyFirstRecord + 1;
@@ -136,7 +146,7 @@ class MergeRun {
 
   // The section properties that end a copy.
   void renderSection(size_t copy, std::string& out) {
-    RenderState state{cursor_, cursor_.index(), merged_};
+    RenderState state{cursor_, cursor_.index(), merged_, {}};
     section_.render(state, CopyReferences(compiled_, headerOfRelationship_, copy), out);
   }
 
@@ -170,7 +180,7 @@ class MergeRun {
   // the body; the notes stay as they are.
   void writeWithoutRecords() {
     KeepReferences keep;
-    RenderState state{cursor_, cursor_.index(), merged_};
+    RenderState state{cursor_, cursor_.index(), merged_, {}};
     std::string xml = "<w:p/>";
     section_.render(state, keep, xml);
     sink_.append(compiled_.mainPart, xml);
@@ -211,6 +221,20 @@ class MergeRun {
 
 }  // namespace
 
+std::string copyBookmarkName(std::string_view name, size_t copy) {
+  if (copy == 0 || name.empty()) return std::string(name);
+  std::string suffix = "_" + std::to_string(copy + 1);
+  // Word reads no more than 40 characters of a name; the suffix must stay.
+  constexpr size_t kLongest = 40;
+  std::string_view stem = name.substr(0, kLongest > suffix.size() ? kLongest - suffix.size() : 0);
+  // Never cut a character in two: the first byte left out must begin one.
+  while (!stem.empty() && stem.size() < name.size() &&
+         (static_cast<unsigned char>(name[stem.size()]) & 0xC0) == 0x80) {
+    stem.remove_suffix(1);
+  }
+  return std::string(stem) + suffix;
+}
+
 void KeepReferences::append(std::string& out, RefKind, std::string_view original) const {
   appendEscapedAttribute(out, original);
 }
@@ -242,6 +266,14 @@ std::string BoundProgram::valueText(uint32_t field, const RenderState& state) co
       return formatMergeValue(slot.code,
                               Variant(static_cast<double>(state.mergedBefore + cursor.index() -
                                                           state.copyFirstRecord + 1)));
+    case FieldSource::kVariable: {
+      auto it = state.variables.find(variableKey(slot.code.name));
+      if (it == state.variables.end()) return std::string(kMissingReferenceText);
+      return formatMergeValue(slot.code, Variant(it->second));
+    }
+    case FieldSource::kText:
+      return formatMergeValue(
+          slot.code, Variant(operandText(program_.texts[static_cast<size_t>(slot.text)], state)));
   }
   return {};
 }
@@ -254,23 +286,28 @@ const std::string& BoundProgram::runs(uint32_t field, const RenderState& state) 
   if (slot.source == FieldSource::kColumn && madeFor_[field] == key) return out;
   madeFor_[field] = key;
   out.clear();
-  appendRuns(out, slot.runProperties, valueText(field, state), slot.inInstruction);
+  std::string text = valueText(field, state);
+  if (slot.inInstruction && slot.place != InstructionPlace::kFormula) {
+    text = fieldArgumentText(text, slot.place == InstructionPlace::kBare);
+  }
+  appendRuns(out, slot.runProperties, text, slot.inInstruction);
+  return out;
+}
+
+std::string BoundProgram::operandText(const Operand& operand, const RenderState& state) const {
+  std::string out;
+  for (const Operand::Part& part : operand.parts) {
+    if (part.field >= 0)
+      out += valueText(static_cast<uint32_t>(part.field), state);
+    else
+      out += part.text;
+  }
   return out;
 }
 
 bool BoundProgram::holds(const Condition& condition, const RenderState& state) const {
-  auto text = [&](const Operand& operand) {
-    std::string out;
-    for (const Operand::Part& part : operand.parts) {
-      if (part.field >= 0)
-        out += valueText(static_cast<uint32_t>(part.field), state);
-      else
-        out += part.text;
-    }
-    return out;
-  };
-  return compareTexts(condition.comparison, text(condition.left), text(condition.right),
-                      condition.right.quoted);
+  return compareTexts(condition.comparison, operandText(condition.left, state),
+                      operandText(condition.right, state), condition.right.quoted);
 }
 
 RenderEnd BoundProgram::render(RenderState& state, const ReferenceResolver& references,
@@ -313,6 +350,11 @@ RenderEnd BoundProgram::render(RenderState& state, const ReferenceResolver& refe
       case OpKind::kSkipIf:
         if (holds(program_.conditions[op.index], state)) return RenderEnd::kSkipped;
         break;
+      case OpKind::kSet: {
+        const Assignment& a = program_.assignments[op.index];
+        state.variables[variableKey(a.name)] = operandText(a.value, state);
+        break;
+      }
     }
   }
   return RenderEnd::kDone;

@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "docx/compile_template.h"
@@ -40,6 +41,9 @@ struct RenderState {
   RecordCursor cursor;         // moved on by NEXT and NEXTIF
   size_t copyFirstRecord = 0;  // the record the copy began with
   size_t mergedBefore = 0;     // records merged into the copies before this one
+  // What SET and ASK gave each name in this copy, by the name in upper case (Word's names
+  // match whatever their case).
+  std::unordered_map<std::string, std::string> variables;
 };
 
 // How the rendering of a program ended.
@@ -78,12 +82,21 @@ class BoundProgram {
   std::string valueText(uint32_t field, const RenderState& state) const;
   const std::string& runs(uint32_t field, const RenderState& state);
   bool holds(const Condition& condition, const RenderState& state) const;
+  std::string operandText(const Operand& operand, const RenderState& state) const;
 
   const MergeProgram& program_;
   std::vector<std::optional<size_t>> columns_;
   std::vector<std::string> runs_;
   std::vector<size_t> madeFor_;  // the record index + 1 of runs_[i]; 0: not made
 };
+
+// The name a bookmark of the template takes in a copy (from 0): the first copy keeps it, the
+// others add "_<copy number>" ("Total_2"), cut to Word's 40 characters.
+std::string copyBookmarkName(std::string_view name, size_t copy);
+
+// What REF shows for a name that no SET or ASK of the copy has given a value yet, as Word
+// words it.
+inline constexpr std::string_view kMissingReferenceText = "Error! Reference source not found.";
 
 // Text that a field shows when the data source has no column of its name, as Word words it.
 inline constexpr std::string_view kMissingFieldText =

@@ -42,6 +42,7 @@
 #include "docx/field_code.h"
 #include "docx/xml_tree.h"
 #include "docx/xml_writer.h"
+#include "runtime/text.h"
 
 namespace nvwm::docx {
 namespace {
@@ -202,6 +203,24 @@ std::string shownText(pugi::xml_node n) {
 
 }  // namespace
 
+namespace {
+
+// Where a field nested in an instruction stands, from the instruction's text before it: in a
+// formula (=), inside quotes (an odd number of quotes not escaped), or bare.
+InstructionPlace placeIn(std::string_view instructionBefore) {
+  if (fieldKeyword(instructionBefore).starts_with("=")) return InstructionPlace::kFormula;
+  bool quoted = false;
+  for (size_t i = 0; i < instructionBefore.size(); ++i) {
+    if (instructionBefore[i] == '\\')
+      ++i;
+    else if (instructionBefore[i] == '"')
+      quoted = !quoted;
+  }
+  return quoted ? InstructionPlace::kQuoted : InstructionPlace::kBare;
+}
+
+}  // namespace
+
 // A complex field as the walk finds it.
 struct TemplateFields::Frame {
   // A piece of its own instruction: the text of a w:instrText, or a field nested there.
@@ -218,6 +237,7 @@ struct TemplateFields::Frame {
   uint32_t depth = 1;      // fields nested in its instruction, it included
   bool inResult = false;
   bool insideInstruction = false;  // this field stands in another one's instruction
+  InstructionPlace place = InstructionPlace::kBare;  // where, when it does
 };
 
 // One find(). Nested fields are named by ids: complex field k of `done` is 2k, simple field j
@@ -228,7 +248,7 @@ struct TemplateFields::Search {
   std::vector<Frame> done;           // complex fields, in the order they end: inner ones first
   std::vector<int32_t> planOfFrame;  // -1: none
   std::vector<pugi::xml_node> nestedSimple;
-  std::unordered_set<const void*> simpleInInstruction;
+  std::unordered_map<const void*, InstructionPlace> simpleInInstruction;
 
   int32_t nestFrame(size_t k) { return static_cast<int32_t>(2 * k); }
   int32_t nestSimple(pugi::xml_node n) {
@@ -261,6 +281,7 @@ void TemplateFields::find(pugi::xml_node root, bool suppressBlankLines, MergePro
     Scratch scratch(root);
     Search search{program, scratch, {}, {}, {}, {}};
     collectComplexFields(root, search);
+    collectVariableNames(root, search);
     // Simple fields first: a complex field around one reads its plan.
     std::vector<pugi::xml_node> simple;
     forEachElement(root, [&](pugi::xml_node n) {
@@ -275,7 +296,9 @@ void TemplateFields::find(pugi::xml_node root, bool suppressBlankLines, MergePro
         part.runProperties = runPropertiesOf(run);
         return std::vector<InstructionPart>{std::move(part)};
       };
-      bool inInstruction = search.simpleInInstruction.count(n.internal_object()) > 0;
+      auto where = search.simpleInInstruction.find(n.internal_object());
+      std::optional<InstructionPlace> inInstruction;
+      if (where != search.simpleInInstruction.end()) inInstruction = where->second;
       auto plan = planField(search, instruction, parts, {run, run, run}, inInstruction, 1,
                             [] { return true; });
       if (!plan) continue;
@@ -301,8 +324,9 @@ void TemplateFields::find(pugi::xml_node root, bool suppressBlankLines, MergePro
         return out;
       };
       auto plan = planField(search, f.instruction, parts,
-                            {f.firstInstructionRun, f.firstResultRun, f.begin}, f.insideInstruction,
-                            f.depth, [&] { return cutStretch(f.begin, f.end, scratch); });
+                            {f.firstInstructionRun, f.firstResultRun, f.begin},
+                            f.insideInstruction ? std::optional(f.place) : std::nullopt, f.depth,
+                            [&] { return cutStretch(f.begin, f.end, scratch); });
       if (!plan) continue;
       search.planOfFrame[k] = static_cast<int32_t>(*plan);
       place(f.begin, *plan);
@@ -317,6 +341,7 @@ void TemplateFields::find(pugi::xml_node root, bool suppressBlankLines, MergePro
         standIns_.erase(n.internal_object());
     }
     placed_ = std::move(kept);
+    removeVariableBookmarks(root, scratch);
   }
   if (suppressBlankLines) groupBlankLines(root, program);
 }
@@ -340,6 +365,7 @@ void TemplateFields::collectComplexFields(pugi::xml_node root, Search& search) {
         Frame f;
         f.begin = run;
         f.insideInstruction = inInstruction();
+        if (f.insideInstruction) f.place = placeIn(open.back().instruction);
         open.push_back(std::move(f));
       } else if (type == "separate" && !open.empty()) {
         open.back().inResult = true;
@@ -354,7 +380,7 @@ void TemplateFields::collectComplexFields(pugi::xml_node root, Search& search) {
         search.done.push_back(std::move(f));
       }
     } else if (named(n, "w:fldSimple") && inInstruction()) {
-      search.simpleInInstruction.insert(n.internal_object());
+      search.simpleInInstruction.emplace(n.internal_object(), placeIn(open.back().instruction));
       open.back().pieces.push_back({{}, {}, search.nestSimple(n)});
     } else if (named(n, "w:instrText") && inInstruction()) {
       Frame& f = open.back();
@@ -372,7 +398,8 @@ void TemplateFields::collectComplexFields(pugi::xml_node root, Search& search) {
 std::optional<uint32_t> TemplateFields::planField(
     Search& search, std::string_view instruction,
     const std::function<std::vector<InstructionPart>()>& instructionParts, FormatRuns runs,
-    bool inInstruction, uint32_t depth, const std::function<bool()>& cut) {
+    std::optional<InstructionPlace> inInstruction, uint32_t depth,
+    const std::function<bool()>& cut) {
   MergeProgram& program = search.program;
   std::string keyword = fieldKeyword(instruction);
   FieldPlan plan;
@@ -384,7 +411,51 @@ std::optional<uint32_t> TemplateFields::planField(
     slot.source = keyword == "MERGEFIELD" ? FieldSource::kColumn
                   : keyword == "MERGEREC" ? FieldSource::kRecordNumber
                                           : FieldSource::kSequenceNumber;
-    slot.inInstruction = inInstruction;
+    slot.inInstruction = inInstruction.has_value();
+    if (inInstruction) slot.place = *inInstruction;
+    pugi::xml_node formatRun = code->charFormat() || !runs.result ? runs.instruction : runs.result;
+    slot.runProperties = runPropertiesOf(formatRun ? formatRun : runs.fallback);
+    slot.code = std::move(*code);
+    plan.kind = FieldPlan::Kind::kValue;
+    plan.index = static_cast<uint32_t>(program.fields.size());
+    program.fields.push_back(std::move(slot));
+  } else if (keyword == "SET" || keyword == "ASK") {
+    // SET name value; ASK name prompt \d default, answered with its default.
+    std::vector<InstructionWord> words = splitInstruction(instructionParts());
+    std::optional<std::string> name = words.size() >= 2 ? words[1].plainText() : std::nullopt;
+    if (!name || name->empty() || !cut()) return std::nullopt;
+    Assignment assignment;
+    assignment.name = *name;
+    if (keyword == "ASK")
+      assignment.value = defaultOf(search, words);
+    else if (words.size() >= 3)
+      assignment.value = operandOf(search, words[2]);
+    plan.kind = FieldPlan::Kind::kSet;
+    plan.index = static_cast<uint32_t>(program.assignments.size());
+    program.assignments.push_back(std::move(assignment));
+  } else if (keyword == "FILLIN" ||
+             ((keyword == "REF" || variableNames_.count(UCase(keyword)) > 0) && [&] {
+               // REF stays a field unless SET or ASK gives its name a value here.
+               if (keyword != "REF") return true;
+               std::vector<InstructionWord> words = splitInstruction(instructionParts());
+               std::optional<std::string> name =
+                   words.size() >= 2 ? words[1].plainText() : std::nullopt;
+               return name && variableNames_.count(UCase(*name)) > 0;
+             }())) {
+    std::optional<MergeFieldCode> code = keyword == "REF" ? parseNamedField(instruction, keyword)
+                                                          : parseCounterField(instruction, keyword);
+    if (!code || !cut()) return std::nullopt;
+    FieldSlot slot;
+    if (keyword == "FILLIN") {
+      slot.source = FieldSource::kText;
+      slot.text = static_cast<int32_t>(program.texts.size());
+      program.texts.push_back(defaultOf(search, splitInstruction(instructionParts())));
+    } else {
+      slot.source = FieldSource::kVariable;
+      if (keyword != "REF") code->name = std::string(fieldName(instruction));
+    }
+    slot.inInstruction = inInstruction.has_value();
+    if (inInstruction) slot.place = *inInstruction;
     pugi::xml_node formatRun = code->charFormat() || !runs.result ? runs.instruction : runs.result;
     slot.runProperties = runPropertiesOf(formatRun ? formatRun : runs.fallback);
     slot.code = std::move(*code);
@@ -478,6 +549,53 @@ std::vector<FieldPlan::Piece> TemplateFields::resultOf(Search& search,
     pieces.push_back(std::move(piece));
   }
   return pieces;
+}
+
+void TemplateFields::collectVariableNames(pugi::xml_node root, const Search& search) {
+  auto note = [&](std::string_view instruction) {
+    std::string keyword = fieldKeyword(instruction);
+    if (keyword != "SET" && keyword != "ASK") return;
+    InstructionPart part;
+    part.text = std::string(instruction);
+    std::vector<InstructionWord> words = splitInstruction({part});
+    if (words.size() < 2) return;
+    if (std::optional<std::string> name = words[1].plainText()) variableNames_.insert(UCase(*name));
+  };
+  forEachElement(root, [&](pugi::xml_node n) {
+    if (named(n, "w:fldSimple")) note(n.attribute("w:instr").value());
+  });
+  for (const Frame& f : search.done) note(f.instruction);
+}
+
+// Word marks where SET and ASK stand with a bookmark of the name; the merged document has no
+// such field left, so the bookmark goes too.
+void TemplateFields::removeVariableBookmarks(pugi::xml_node root, Scratch& scratch) const {
+  if (variableNames_.empty()) return;
+  std::vector<pugi::xml_node> starts, ends;
+  forEachElement(root, [&](pugi::xml_node n) {
+    if (named(n, "w:bookmarkStart")) starts.push_back(n);
+    if (named(n, "w:bookmarkEnd")) ends.push_back(n);
+  });
+  std::unordered_set<std::string> ids;
+  for (pugi::xml_node n : starts) {
+    if (!scratch.inTree(n) || variableNames_.count(UCase(n.attribute("w:name").value())) == 0)
+      continue;
+    ids.insert(n.attribute("w:id").value());
+    scratch.discard(n);
+  }
+  for (pugi::xml_node n : ends) {
+    if (scratch.inTree(n) && ids.count(n.attribute("w:id").value()) > 0) scratch.discard(n);
+  }
+}
+
+Operand TemplateFields::defaultOf(Search& search, const std::vector<InstructionWord>& words) const {
+  for (size_t i = 1; i + 1 < words.size(); ++i) {
+    std::optional<std::string> text = words[i].plainText();
+    if (!words[i].quoted && text && (*text == "\\d" || *text == "\\D")) {
+      return operandOf(search, words[i + 1]);
+    }
+  }
+  return {};
 }
 
 void TemplateFields::groupBlankLines(pugi::xml_node root, MergeProgram& program) {

@@ -24,6 +24,7 @@ struct FieldPlan {
     kNextRecord,  // NEXT
     kNextIf,      // NEXTIF: condition `index`
     kSkipIf,      // SKIPIF: condition `index`
+    kSet,         // SET, ASK: assignment `index` (program.assignments)
   };
   // A piece of an IF's result: runs of its text, in the formatting of the runs it was written
   // in, or a field nested there.
@@ -41,7 +42,9 @@ struct FieldPlan {
 class TemplateFields {
  public:
   // Finds the fields under root that the merge evaluates (MERGEFIELD, MERGEREC, MERGESEQ, IF,
-  // NEXT, NEXTIF, SKIPIF; simple and complex), adds their fields and conditions to the program
+  // NEXT, NEXTIF, SKIPIF, SET, ASK, FILLIN, and REF or a bare name when SET or ASK of the same
+  // subtree gives it a value; simple and complex), removes the bookmarks of the names SET and
+  // ASK give values, adds their fields and conditions to the program
   // and removes what a field spans but its first node, which then stands for it. Other fields
   // stay, with the merge fields inside them found. suppressBlankLines: a paragraph that holds
   // nothing but merge fields becomes a group of program.groups. May be called on several
@@ -70,17 +73,24 @@ class TemplateFields {
   // Makes n stand for the plan.
   void place(pugi::xml_node n, uint32_t plan);
   // The plan of a field, when the merge evaluates it and cut() takes what it spans out of the
-  // tree (cut is called only once the field is known to be one the merge evaluates). depth:
+  // tree (cut is called only once the field is known to be one the merge evaluates).
+  // inInstruction: where it stands in another field's instruction, if it does. depth:
   // how many fields deep its instruction nests, it included.
   std::optional<uint32_t> planField(
       Search& search, std::string_view instruction,
       const std::function<std::vector<InstructionPart>()>& instructionParts, FormatRuns runs,
-      bool inInstruction, uint32_t depth, const std::function<bool()>& cut);
+      std::optional<InstructionPlace> inInstruction, uint32_t depth,
+      const std::function<bool()>& cut);
   std::optional<uint32_t> nestedPlan(Search& search, int32_t id) const;
   std::string nestedText(Search& search, int32_t id) const;
   Operand operandOf(Search& search, const InstructionWord& word) const;
   std::vector<FieldPlan::Piece> resultOf(Search& search, const InstructionWord& word);
   void groupBlankLines(pugi::xml_node root, MergeProgram& program);
+  // The names SET and ASK give values under root, upper case.
+  void collectVariableNames(pugi::xml_node root, const Search& search);
+  void removeVariableBookmarks(pugi::xml_node root, Scratch& scratch) const;
+  // The word after a \d switch: the default of ASK and FILLIN.
+  Operand defaultOf(Search& search, const std::vector<InstructionWord>& words) const;
 
   std::vector<FieldPlan> plans_;
   std::unordered_map<const void*, uint32_t> standIns_;
@@ -88,6 +98,7 @@ class TemplateFields {
   std::unordered_map<const void*, uint32_t> groups_;
   // The nodes that stand for the fields of the subtree being searched.
   std::vector<pugi::xml_node> placed_;
+  std::unordered_set<std::string> variableNames_;
 };
 
 }  // namespace nvwm::docx

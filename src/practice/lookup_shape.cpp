@@ -31,6 +31,10 @@ std::string logTag(std::string_view module, std::string_view routineName) {
 LookupRoutine::LookupRoutine(std::string_view module, std::string_view routineName)
     : routine_(logTag(module, routineName)) {}
 
+LookupRoutine::LookupRoutine(std::string_view module, std::string_view routineName,
+                             Routine::ExtraHandlerSteps extra)
+    : routine_(logTag(module, routineName), std::move(extra)) {}
+
 bool LookupRoutine::connected() {
   bool connected = false;
   step([&] { connected = database().isConnected(); });

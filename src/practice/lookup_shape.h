@@ -78,6 +78,10 @@ class LookupRoutine {
   explicit LookupRoutine(std::string_view routineName)
       : LookupRoutine(kDatabaseFunctions, routineName) {}
   LookupRoutine(std::string_view module, std::string_view routineName);
+  // A routine whose handler does more first (sets a result, resets the mouse pointer): extra
+  // runs before the error service is told, as Routine's own extra steps.
+  LookupRoutine(std::string_view module, std::string_view routineName,
+                Routine::ExtraHandlerSteps extra);
   LookupRoutine(const LookupRoutine&) = delete;
   LookupRoutine& operator=(const LookupRoutine&) = delete;
 

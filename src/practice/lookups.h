@@ -110,10 +110,13 @@ bool validEmployeeID(const std::string& employeeID);
 
 // True when the task names a schedule entry (Tasks.ScheduleIDNum) that validScheduleID accepts.
 // A task with a Null or unknown ScheduleIDNum needs an entry; a task that doesn't exist needs
-// none. A negative taskID gives False with no query.
+// none. A negative taskID gives False with no query. With createIfMissing, a needed entry is
+// made by addNewScheduleEntryForTaskItem (taskID, -1, -1, -1, False, 10, 1) and the answer is
+// True; without it nothing is ever written.
 bool isThisTaskAssociatedWithScheduleEntry(int32_t taskID, bool createIfMissing);
 // True when a task carries out the schedule entry. A negative ID, or one that validScheduleID
-// rejects, gives False and needs nothing.
+// rejects, gives False and needs nothing. With createIfMissing, an entry with no task gets one
+// from addNewTaskForScheduleItem (scheduleID, -1.0, True) and the answer is True.
 bool isThisScheduleEntryAssociatedWithTask(int32_t scheduleID, bool createIfMissing);
 
 // ---- Schedule types and estimated times ----

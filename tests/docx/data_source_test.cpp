@@ -88,6 +88,10 @@ TEST(DataSourceTest, CsvFollowsRfc4180) {
       {"a\n\n1\n\n", {"a"}, {{"1"}}},
       {"\xEF\xBB\xBFnom\nSoci\xC3\xA9t\xC3\xA9 \xF0\x9F\xA6\x86\n", {"nom"}, {{"Société 🦆"}}},
       {"a,b\n,\n", {"a", "b"}, {{"", ""}}},
+      // A record whose only value is an empty quoted one is a record; a blank line is not.
+      {"a\n\"\"\n1\n", {"a"}, {{""}, {"1"}}},
+      {"a\r\n\"\"\r\n\r\n\"\"", {"a"}, {{""}, {""}}},
+      {"a,b\n\"\"\n", {"a", "b"}, {{"", ""}}},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.text);

@@ -44,7 +44,8 @@ TEST_F(DateFieldTest, DatesAndTimesFromThePractice) {
       // Two rows are called "Task Calendar Date": the schedule entry's, added first, is found.
       {8, "Task Calendar Date", "mmmm d yyyy", {-1, -1, -1, -1, -1, -1, 1}, "April 27 2026"},
       {8, "Task Start Time", "h:Nn am/pm", {-1, -1, -1, -1, -1, -1, 1}, "2:00 pm"},
-      {8, "Task Due Date", "yyyy", {-1, -1, 2, -1, -1, -1, -1}, ""},
+      // Schedule entry 2 gets its task on the way.
+      {8, "Task Due Date", "yyyy", {-1, -1, 2, -1, -1, -1, -1}, "2026"},
       {8, "Task Due Date", "yyyy", {-1, -1, -1, -1, -1, -1, -1}, ""},
       // The pseudo field prints today with a connection, whatever the IDs.
       {1,

@@ -8,7 +8,7 @@
 #include <regex>
 #include <sstream>
 
-#include "document/docx_test_support.h"
+#include "docx/docx_test_support.h"
 #include "merge_test_support.h"
 #include "runtime/convert.h"
 #include "services/sqlite/sample_practice.h"

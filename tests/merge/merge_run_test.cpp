@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <fstream>
 
-#include "document/docx_test_support.h"
+#include "docx/docx_test_support.h"
 #include "merge/cls_word_merge_internal.h"
 #include "merge_test_support.h"
 

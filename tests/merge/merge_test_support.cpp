@@ -5,7 +5,7 @@
 #include <filesystem>
 #include <fstream>
 
-#include "document/docx_test_support.h"
+#include "docx/docx_test_support.h"
 #include "runtime/clock.h"
 #include "services/folder_locale.h"
 #include "services/message_services.h"

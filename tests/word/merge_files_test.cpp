@@ -6,6 +6,7 @@
 
 #include "docx/docx_test_support.h"
 #include "services/word/word_engine.h"
+#include "support/program_run.h"
 #include "support/test_support.h"
 
 namespace nvwm::testing {
@@ -21,9 +22,9 @@ class MergeFilesTest : public ::testing::Test {
                "INSERT INTO Clients VALUES ('Ann', 100), ('Bob', 250.5), ('Cy', 0);");
     DocxParts parts;
     parts.body = para(run("Dear ") + complexField({" MERGEFIELD ", "Name "})) +
-                "<w:tbl><w:tr><w:tc>" + para(run("Fee")) + "</w:tc><w:tc>" +
-                para(simpleField(" MERGEFIELD Fee \\# \"$#,##0.00\" ")) + "</w:tc></w:tr></w:tbl>" +
-                para(run("Regards"));
+                 "<w:tbl><w:tr><w:tc>" + para(run("Fee")) + "</w:tc><w:tc>" +
+                 para(simpleField(" MERGEFIELD Fee \\# \"$#,##0.00\" ")) +
+                 "</w:tc></w:tr></w:tbl>" + para(run("Regards"));
     parts.headers["default"] = para(run("Ref: ") + simpleField(" MERGEFIELD Name \\* Upper "));
     parts.footers["default"] = para(complexField({" PAGE "}, "1"));
     writeDocx(parts, main_);
@@ -42,9 +43,9 @@ TEST_F(MergeFilesTest, MergesEveryRecordAndTheOutputReopens) {
   EXPECT_EQ(reopened->MailMerge()->State(), 0);
   auto xml = loadPart(out_, "word/document.xml");
   EXPECT_EQ(dumpBody(*xml),
-            "Dear Ann\nFee\n$100.00\nRegards\n\n==section==\n"
-            "Dear Bob\nFee\n$250.50\nRegards\n\n==section==\n"
-            "Dear Cy\nFee\n$0.00\nRegards\n");
+            "Dear Ann\nFee\n$ 100.00\nRegards\n\n==section==\n"
+            "Dear Bob\nFee\n$ 250.50\nRegards\n\n==section==\n"
+            "Dear Cy\nFee\n$   0.00\nRegards\n");
 }
 
 TEST_F(MergeFilesTest, BadInputRaisesAndWritesNothing) {
@@ -62,6 +63,37 @@ TEST_F(MergeFilesTest, BadInputRaisesAndWritesNothing) {
     EXPECT_THROW(wordengine::mergeFiles(c.templatePath, c.data, c.table, out_), RuntimeError);
     EXPECT_FALSE(fs::exists(out_));
   }
+}
+
+// A data source with its header and no records is refused before anything is written.
+TEST_F(MergeFilesTest, ADataSourceWithoutRecordsIsRefusedAndNothingIsWritten) {
+  std::string csv = dir_.file("header-only.csv");
+  writeFile(csv, "Name,Fee\r\n");
+  execSqlite(db_, "CREATE TABLE Nobody (Name TEXT, Fee REAL);");
+  for (const auto& [data, table] :
+       {std::pair{csv, std::string()}, std::pair{db_, std::string("Nobody")}}) {
+    SCOPED_TRACE(data + " " + table);
+    try {
+      wordengine::mergeFiles(main_, data, table, out_);
+      ADD_FAILURE() << "merged";
+    } catch (const RuntimeError& e) {
+      EXPECT_EQ(e.number(), 4198);
+      EXPECT_NE(e.description().find("no records"), std::string::npos) << e.description();
+    }
+    EXPECT_FALSE(fs::exists(out_));
+  }
+}
+
+// A SKIPIF that drops every record gives an empty document and says so; nothing crashes.
+TEST_F(MergeFilesTest, ASkipIfThatDropsEveryRecordGivesAnEmptyDocument) {
+  writeDocxBody(para(simpleField(" SKIPIF 1 = 1 ") + simpleField(" MERGEFIELD Name ")), main_);
+  EXPECT_EQ(wordengine::mergeFiles(main_, db_, "Clients", out_), 0u);
+  expectConsistentPackage(out_);
+  EXPECT_EQ(dumpBody(*loadPart(out_, "word/document.xml")), "\n");
+  ProgramRun run = runProgram(NVWM_CLI, "docx-merge --template '" + main_ + "' --data '" + db_ +
+                                            "' --table Clients --out '" + out_ + "'");
+  EXPECT_EQ(run.exitCode, 0);
+  EXPECT_NE(run.err.find("docx-merge: SKIPIF dropped every record"), std::string::npos) << run.err;
 }
 
 // Where LibreOffice is installed, merged output must convert without complaint.

@@ -110,7 +110,7 @@ TEST_F(WordApplicationTest, InsertDateTimePutsTodayAsTextAtTheSelectionAndMovesP
   std::string out = dir_.file("out.docx");
   doc->SaveAs(Variant(out));
   auto xml = loadPart(out, "word/document.xml");
-  EXPECT_EQ(dumpBody(*xml), "Monday, November 23, 2026 9:05 am Body\nSecond\n");
+  EXPECT_EQ(dumpBody(*xml), "Monday, November 23, 2026 9:05 AM Body\nSecond\n");
   // Inserted text takes the formatting where it goes; the paragraph keeps its properties.
   EXPECT_EQ(countXPath(*xml, "//w:body/w:p[1]/w:r[w:rPr/w:b]"), 3u);
   EXPECT_EQ(countXPath(*xml, "//w:body/w:p[1]/w:pPr/w:jc"), 1u);

@@ -558,9 +558,13 @@ size_t mergeFiles(const std::string& templatePath, const std::string& dataSource
   requireOtherFile(outputPath, dataSource, "data source");
   std::unique_ptr<Package> main = Package::load(templatePath, limits);
   MergeData data = MergeData::load(dataSource, table.empty() ? "" : "TABLE " + table);
-  std::unique_ptr<Package> merged = mergeDocument(*main, data);
-  merged->save(outputPath);
-  return data.rowCount();
+  // A merge of nothing would write an empty document that looks like a success.
+  if (data.rowCount() == 0) {
+    raise(ErrorNumber::kDocumentError,
+          "the data source " + dataSource + " has a header and no records: nothing to merge");
+  }
+  size_t copies = docx::mergeDocumentToFile(*main, data, outputPath);
+  return copies == 0 ? 0 : data.rowCount();
 }
 
 }  // namespace nvwm::wordengine

@@ -82,9 +82,10 @@ DocumentPresenter savingPresenter(std::string folder, std::ostream& report);
 // Merges a .docx main document with a data source into a new .docx file: the engine's own
 // road, without the word-processor objects (used by the command line). dataSource: an SQLite
 // or CSV file; table: the SQLite table ("" for CSV or a file with one table). Returns the
-// number of records merged. Raises as Open, OpenDataSource and SaveAs do; nothing is written
-// on failure. An output that is the main document or the data source itself (the same file by
-// any path: a link, "./", another spelling) is refused with 4198 before anything is read.
+// number of records merged: 0 when SKIPIF dropped them all (the document written is empty). Raises
+// as Open, OpenDataSource and SaveAs do, and 4198 for a data source without records; nothing is
+// written on failure. An output that is the main document or the data source itself (the same
+// file by any path: a link, "./", another spelling) is refused with 4198 before anything is read.
 size_t mergeFiles(const std::string& templatePath, const std::string& dataSource,
                   const std::string& table, const std::string& outputPath,
                   const docx::ReadLimits& limits = {});

@@ -44,9 +44,11 @@ INSERT INTO Dockets (DocketID, CompanyIDNum, ContactIDNum, Subject, DateFrom, Ti
   (2, 2, 101, 'Unlocked entry', '2026-03-03 00:00:00', NULL, NULL, NULL, 1, NULL, NULL, NULL);
 
 -- Schedule 1 is carried out by task 1; schedule 2 has no task; task 2 belongs to no schedule.
-INSERT INTO Schedule (ScheduleID, ClientNum, ScheduleName, EmployeeAssigned, DueDate, inHouseDueDate, CalendarDate, Year, Amount) VALUES
-  (1, 2, 'GST return', 'Ms. Accountant', '2026-04-30 00:00:00', '2026-04-23 00:00:00', '2026-04-27 00:00:00', '2026', '$123.50'),
-  (2, 2, 'Payroll remittance', 'Ms. Accountant', '2026-05-15 00:00:00', NULL, NULL, '2026', NULL);
-INSERT INTO Tasks (TaskID, ScheduleIDNum, CompanyIDNum, ContactIDNum, Subject, DateFrom, TimeFrom, TimeTo) VALUES
-  (1, 1, 2, 101, 'Q1 GST filing', '2026-04-20 00:00:00', '1899-12-30 14:00:00', '1899-12-30 15:15:00'),
-  (2, NULL, 2, 101, 'Loose task', '2026-04-21 00:00:00', NULL, NULL);
+-- Reading task data of schedule 2 or schedule data of task 2 makes the missing half, so both
+-- carry what that needs (an in-house due date, the type numbers, notes, no project step).
+INSERT INTO Schedule (ScheduleID, ClientNum, ScheduleName, EmployeeAssigned, DueDate, inHouseDueDate, CalendarDate, Year, Amount, totalNum, scheduleNum, CompanyProjectStepIDNum, ScheduleNotes) VALUES
+  (1, 2, 'GST return', 'Ms. Accountant', '2026-04-30 00:00:00', '2026-04-23 00:00:00', '2026-04-27 00:00:00', '2026', '$123.50', NULL, NULL, NULL, NULL),
+  (2, 2, 'Payroll remittance', 'Ms. Accountant', '2026-05-15 00:00:00', '2026-05-08 00:00:00', NULL, '2026', NULL, 103, 0, -1, 'Quarterly');
+INSERT INTO Tasks (TaskID, ScheduleIDNum, CompanyIDNum, ContactIDNum, Subject, DateFrom, TimeFrom, TimeTo, CompanyProjectStepIDNum, notifyType) VALUES
+  (1, 1, 2, 101, 'Q1 GST filing', '2026-04-20 00:00:00', '1899-12-30 14:00:00', '1899-12-30 15:15:00', NULL, NULL),
+  (2, NULL, 2, 101, 'Loose task', '2026-04-21 00:00:00', NULL, NULL, -1, 0);
