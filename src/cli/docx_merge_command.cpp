@@ -12,6 +12,7 @@ void registerDocxMerge(CLI::App& app) {
       "docx-merge", "Merges a .docx main document with a data source into a new .docx");
   struct Options {
     std::string templatePath, data, table, out;
+    uint64_t maxPartMb = docx::ReadLimits().maxPartSize >> 20;
   };
   auto options = std::make_shared<Options>();
   cmd->add_option("--template", options->templatePath, "The .docx main document")->required();
@@ -19,10 +20,15 @@ void registerDocxMerge(CLI::App& app) {
       ->required();
   cmd->add_option("--table", options->table, "The table of the SQLite file");
   cmd->add_option("--out", options->out, "The merged .docx to write")->required();
+  cmd->add_option("--max-part-mb", options->maxPartMb,
+                  "The largest part of a .docx to unpack, in MB (256 unless given)")
+      ->check(CLI::Range(uint64_t{1}, uint64_t{1} << 20));
   cmd->callback([options] {
     try {
+      docx::ReadLimits limits;
+      limits.maxPartSize = options->maxPartMb << 20;
       size_t merged = wordengine::mergeFiles(options->templatePath, options->data, options->table,
-                                             options->out);
+                                             options->out, limits);
       if (merged == 0) {
         std::cerr << "docx-merge: SKIPIF dropped every record; " << options->out
                   << " holds an empty document\n";

@@ -1,5 +1,6 @@
-// "sql --db FILE SQL": runs one Jet SQL text through the database service, as the library
-// would, and prints the rows: a header line of column names, then one line per row, fields
+// "sql --db FILE SQL": runs one Jet SQL query through the database service, as the library
+// would, on a read-only recordset (a statement that would change the database is refused), and
+// prints the rows: a header line of column names, then one line per row, fields
 // separated by tabs. Null prints as nothing, dates in the stored form (YYYY-MM-DD HH:MM:SS),
 // other values as the runtime writes them; a tab, a line break or a backslash inside a value
 // is written \t, \n, \r or \\ so that every row stays one line.
@@ -28,7 +29,6 @@ int runSql(const std::string& path, const std::string& sql) {
   try {
     Handle h = db.openRecordset(sql, kCursorKeyset, kLockReadOnly, true, "", true);
     std::vector<std::string> names = db.fieldNames(h);
-    if (names.empty()) return 0;  // a statement without rows
     for (size_t i = 0; i < names.size(); ++i) std::cout << (i ? "\t" : "") << names[i];
     std::cout << "\n";
     for (; !db.isEOF(h); db.moveNext(h)) {

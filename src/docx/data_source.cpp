@@ -149,6 +149,32 @@ MergeData tableOfCsvRecords(const std::string& path,
   return MergeData(std::move(columns), std::move(rows));
 }
 
+// SQLite's last failure on db, said as the user needs it: a file SQLite can't read as a
+// database is damaged, whatever step found it.
+[[noreturn]] void sqliteError(sqlite3* db, const std::string& path) {
+  int code = sqlite3_errcode(db) & 0xff;
+  std::string why = sqlite3_errmsg(db);
+  if (code == SQLITE_CORRUPT || code == SQLITE_NOTADB) {
+    sourceError(path, "the file is damaged (" + why + ")");
+  }
+  sourceError(path, why);
+}
+
+// Raises when SQLite's quick check finds the file damaged.
+void requireIntact(sqlite3* db, const std::string& path) {
+  sqlite3_stmt* s = nullptr;
+  if (sqlite3_prepare_v2(db, "PRAGMA quick_check(1)", -1, &s, nullptr) != SQLITE_OK)
+    sqliteError(db, path);
+  std::unique_ptr<sqlite3_stmt, StmtFinalizer> stmt(s);
+  int step = sqlite3_step(s);
+  if (step != SQLITE_ROW) sqliteError(db, path);
+  const unsigned char* verdict = sqlite3_column_text(s, 0);
+  std::string text = verdict ? reinterpret_cast<const char*>(verdict) : "";
+  // The check's own report spans lines and pages; the user needs the verdict.
+  if (text != "ok")
+    sourceError(path, std::string("the file is damaged (") + sqlite3_errstr(SQLITE_CORRUPT) + ")");
+}
+
 Variant typedValue(sqlite3_stmt* stmt, int col, const std::string& declared) {
   int storage = sqlite3_column_type(stmt, col);
   if (storage == SQLITE_NULL) return Variant::null();
@@ -257,16 +283,24 @@ MergeData MergeData::loadSqlite(const std::string& path, std::string_view connec
     }
     if (table.empty()) {
       sqlite3_stmt* s = nullptr;
-      sqlite3_prepare_v2(db.get(),
-                         "SELECT name FROM sqlite_master WHERE type='table' AND name NOT LIKE "
-                         "'sqlite_%'",
-                         -1, &s, nullptr);
+      if (sqlite3_prepare_v2(db.get(),
+                             "SELECT name FROM sqlite_master WHERE type='table' AND name NOT LIKE "
+                             "'sqlite_%'",
+                             -1, &s, nullptr) != SQLITE_OK)
+        sqliteError(db.get(), path);
       std::unique_ptr<sqlite3_stmt, StmtFinalizer> stmt(s);
       std::vector<std::string> tables;
-      while (s && sqlite3_step(s) == SQLITE_ROW) {
-        tables.emplace_back(reinterpret_cast<const char*>(sqlite3_column_text(s, 0)));
+      int step;
+      while ((step = sqlite3_step(s)) == SQLITE_ROW) {
+        const unsigned char* name = sqlite3_column_text(s, 0);
+        tables.emplace_back(name ? reinterpret_cast<const char*>(name) : "");
       }
-      if (tables.size() != 1) sourceError(path, "name the table with \"TABLE name\"");
+      if (step != SQLITE_DONE) sqliteError(db.get(), path);
+      if (tables.size() != 1) {
+        // A damaged file may still list its tables: say what is wrong before asking for one.
+        requireIntact(db.get(), path);
+        sourceError(path, "name the table with \"TABLE name\"");
+      }
       table = tables[0];
     }
     data.table_ = table;
@@ -282,12 +316,13 @@ MergeData MergeData::loadSqlite(const std::string& path, std::string_view connec
     if (why.find("no such table") != std::string::npos) {
       sourceError(path, "it has no table \"" + data.table_ + "\"");
     }
-    sourceError(path, why);
+    sqliteError(db.get(), path);
   }
   int columns = sqlite3_column_count(s);
   std::vector<std::string> declared;
   for (int c = 0; c < columns; ++c) {
-    data.columns_.emplace_back(sqlite3_column_name(s, c));
+    const char* name = sqlite3_column_name(s, c);
+    data.columns_.emplace_back(name ? name : "");
     const char* d = sqlite3_column_decltype(s, c);
     declared.emplace_back(d ? d : "");
   }
@@ -303,7 +338,7 @@ MergeData MergeData::loadSqlite(const std::string& path, std::string_view connec
     }
     data.rows_.push_back(std::move(row));
   }
-  if (rc != SQLITE_DONE) sourceError(path, sqlite3_errmsg(db.get()));
+  if (rc != SQLITE_DONE) sqliteError(db.get(), path);
   return data;
 }
 
@@ -311,13 +346,106 @@ MergeData MergeData::loadCsv(const std::string& path) {
   std::ifstream in(path, std::ios::binary);
   std::stringstream buffer;
   buffer << in.rdbuf();
-  std::string text = std::move(buffer).str();
+  return fromCsvText(std::move(buffer).str(), path);
+}
+
+MergeData MergeData::fromCsvText(std::string text, const std::string& path) {
   if (text.compare(0, 3, "\xEF\xBB\xBF") == 0) text.erase(0, 3);
   // Values are pieces of the text cut at ASCII bytes, so one look at the text checks them all.
   if (size_t bad = utf8::firstInvalid(text); bad != std::string::npos) {
     sourceError(path, "line " + std::to_string(lineOf(text, bad)) + " is not UTF-8 text");
   }
   return tableOfCsvRecords(path, splitCsvRecords(path, text));
+}
+
+
+  MergeData data;
+  data.kind_ = DataSourceKind::kCsv;
+  std::vector<std::vector<std::string>> records;
+  std::vector<std::string> record;
+  std::string field;
+  size_t line = 1;
+  size_t recordLine = 1;
+  size_t i = 0;
+  bool fieldStarted = false;
+  // A line with nothing on it is no record; a line of "" is one, of one empty value.
+  auto endRecord = [&] {
+    if (record.empty() && !fieldStarted) return;
+    record.push_back(std::move(field));
+    field.clear();
+    records.push_back(std::move(record));
+    record.clear();
+    fieldStarted = false;
+  };
+  while (i < text.size()) {
+    char c = text[i];
+    if (c == '"' && !fieldStarted) {
+      fieldStarted = true;
+      ++i;
+      size_t openedOn = line;
+      for (;;) {
+        if (i >= text.size())
+          sourceError(path, "a quoted value opened on line " + std::to_string(openedOn) +
+                                " is never closed");
+        if (text[i] == '"') {
+          if (i + 1 < text.size() && text[i + 1] == '"') {
+            field += '"';
+            i += 2;
+            continue;
+          }
+          ++i;
+          break;
+        }
+        if (text[i] == '\n') ++line;
+        field += text[i++];
+      }
+      continue;
+    }
+    if (c == ',') {
+      record.push_back(std::move(field));
+      field.clear();
+      fieldStarted = false;
+      ++i;
+      continue;
+    }
+    if (c == '\r' || c == '\n') {
+      i += (c == '\r' && i + 1 < text.size() && text[i + 1] == '\n') ? 2 : 1;
+      if (!isValidUtf8(field))
+        sourceError(path, "line " + std::to_string(recordLine) + " is not UTF-8 text");
+      endRecord();
+      ++line;
+      recordLine = line;
+      continue;
+    }
+    fieldStarted = true;
+    field += c;
+    ++i;
+  }
+  if (fieldStarted || !record.empty()) endRecord();
+
+  for (size_t r = 0; r < records.size(); ++r) {
+    for (const auto& f : records[r]) {
+      if (!isValidUtf8(f))
+        sourceError(path, "record " + std::to_string(r + 1) + " is not UTF-8 text");
+    }
+  }
+  if (records.empty()) sourceError(path, "it has no header row");
+  data.columns_ = records[0];
+  for (size_t r = 1; r < records.size(); ++r) {
+    if (records[r].size() > data.columns_.size()) {
+      sourceError(path, "record " + std::to_string(r + 1) + " has " +
+                            std::to_string(records[r].size()) + " values for " +
+                            std::to_string(data.columns_.size()) + " columns");
+    }
+    std::vector<Variant> row;
+    row.reserve(data.columns_.size());
+    for (auto& f : records[r]) row.emplace_back(std::move(f));
+    while (row.size() < data.columns_.size()) row.emplace_back(std::string());
+    data.rows_.push_back(std::move(row));
+  }
+  data.path_ = path;
+  data.buildIndex();
+  return data;
 }
 
 }  // namespace nvwm::docx

@@ -35,6 +35,9 @@ class MergeData {
   // The column of a name, compared case-insensitively (Unicode case folding).
   std::optional<size_t> column(std::string_view name) const;
 
+  // A CSV source from its text; path names it in messages. Raises 4198 as load does.
+  static MergeData fromCsvText(std::string text, const std::string& path);
+
   // For tests and benchmarks: a source built in memory.
   MergeData(std::vector<std::string> columns, std::vector<std::vector<Variant>> rows);
 

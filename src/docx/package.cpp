@@ -4,6 +4,13 @@
 //   - A file that is missing, locked for writing by another process (an fcntl write lock or a
 //     flock exclusive lock), not a zip, or a zip without a main document part is refused with
 //     a RuntimeError; nothing of it is kept.
+//   - A zip is damaged when libzip finds its directory inconsistent (a zip64 size that isn't
+//     there, entries past the end), when a part does not unpack (bad data, a checksum that
+//     fails), or when a part unpacks to another size than the directory gives: all three are
+//     refused as damaged, never as a missing file.
+//   - No size in the zip is believed before it is checked (docx/read_limits.h): a part is
+//     read as a stream, and the claimed size only bounds what is reserved. A claim that the
+//     packed bytes can't hold is damage; a part or package over the limits is refused.
 //   - Parts are kept as bytes and parsed only when the engine needs their XML; a part that is
 //     not well-formed XML is refused when it is needed (error 4198 naming the part and pugixml's
 //     reason), and written back untouched when it is not.
@@ -23,6 +30,7 @@
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
+#include <fstream>
 #include <sstream>
 
 #include "docx/output_file.h"
@@ -63,6 +71,137 @@ std::string zipErrorText(int code) {
 
 struct ZipCloser {
   void operator()(zip_t* z) const { zip_discard(z); }
+};
+struct ZipFileCloser {
+  void operator()(zip_file_t* f) const { zip_fclose(f); }
+};
+
+[[noreturn]] void damaged(const std::string& label, const std::string& why) {
+  raise(ErrorNumber::kDocumentError, label + " is damaged: " + why);
+}
+
+[[noreturn]] void overLimit(const std::string& label, const std::string& why) {
+  raise(ErrorNumber::kDocumentError, label + " is refused: " + why);
+}
+
+// zip_open's failure: not a zip at all, unreadable, or a zip whose directory doesn't hold
+// together (libzip says "No such file" when a zip64 size it was promised is missing).
+// startsLikeZip: the bytes begin with a zip's first local header, so a missing directory
+// means a zip cut short.
+[[noreturn]] void refuseArchive(const std::string& label, int code, bool startsLikeZip) {
+  switch (code) {
+    case ZIP_ER_NOZIP:
+      if (startsLikeZip) damaged(label, "its zip directory is missing (is the file cut short?)");
+      raise(ErrorNumber::kDocumentError,
+            label + " is not a .docx document (" + zipErrorText(code) + ")");
+    case ZIP_ER_OPEN:
+    case ZIP_ER_READ:
+    case ZIP_ER_SEEK:
+      raise(ErrorNumber::kPermissionDenied,
+            "cannot read " + label + " (" + zipErrorText(code) + ")");
+    case ZIP_ER_MEMORY:
+      raise(ErrorNumber::kOutOfMemory, "no memory to read " + label);
+    case ZIP_ER_NOENT:
+    case ZIP_ER_INCONS:
+      damaged(label, "its zip directory is inconsistent");
+    default:
+      damaged(label, "its zip directory can't be read (" + zipErrorText(code) + ")");
+  }
+}
+
+bool startsLikeZip(std::string_view bytes) { return bytes.substr(0, 4) == "PK\x03\x04"; }
+
+std::string bytesText(uint64_t n) {
+  std::string text = std::to_string(n) + " bytes";
+  if (n >= (uint64_t{1} << 20)) text += " (" + std::to_string(n >> 20) + " MB)";
+  return text;
+}
+
+// a * b, or the largest value when that doesn't fit: sizes in a zip may be anything.
+uint64_t timesOrMax(uint64_t a, uint64_t b) {
+  return b != 0 && a > UINT64_MAX / b ? UINT64_MAX : a * b;
+}
+
+// The most deflate can unpack from n packed bytes: each 258-byte match costs at least two
+// bits, about 1,032 to 1; the slack covers headers and a last block.
+uint64_t deflateCeiling(uint64_t packed) { return timesOrMax(packed, 1032) + 1024; }
+
+// Reads parts one after the other, as streams, under the limits; counts what the whole
+// package has unpacked.
+class PartReader {
+ public:
+  PartReader(const std::string& label, uint64_t packedSize, const ReadLimits& limits)
+      : label_(label), packedSize_(packedSize), limits_(limits) {}
+
+  std::string read(zip_t* zip, zip_int64_t index, const zip_stat_t& st) {
+    const std::string name = st.name;
+    uint64_t claimed = (st.valid & ZIP_STAT_SIZE) ? st.size : 0;
+    uint64_t packed = (st.valid & ZIP_STAT_COMP_SIZE) ? st.comp_size : 0;
+    checkClaim(name, claimed, packed, (st.valid & ZIP_STAT_COMP_METHOD) ? st.comp_method : -1);
+
+    std::unique_ptr<zip_file_t, ZipFileCloser> file(zip_fopen_index(zip, index, 0));
+    if (!file) {
+      raise(ErrorNumber::kDocumentError,
+            label_ + ": cannot read part " + name + " (" + zip_strerror(zip) + ")");
+    }
+    std::string data;
+    // The claim is checked, but only what arrives is kept: reserve no more than the packed
+    // bytes could give at the allowed ratio.
+    data.reserve(static_cast<size_t>(std::min<uint64_t>(
+        {claimed, limits_.maxPartSize,
+         timesOrMax(packed, limits_.maxCompressionRatio) + limits_.ratioFloor})));
+    char chunk[64 * 1024];
+    for (;;) {
+      zip_int64_t got = zip_fread(file.get(), chunk, sizeof chunk);
+      if (got < 0) {
+        damaged(label_,
+                "part " + name + " can't be unpacked (" + zip_file_strerror(file.get()) + ")");
+      }
+      if (got == 0) break;
+      data.append(chunk, static_cast<size_t>(got));
+      total_ += static_cast<uint64_t>(got);
+      checkGrowth(name, data.size(), packed);
+    }
+    if (data.size() != claimed) {
+      damaged(label_, "part " + name + " unpacks to " + bytesText(data.size()) + ", not the " +
+                          bytesText(claimed) + " its zip directory gives");
+    }
+    return data;
+  }
+
+ private:
+  void checkClaim(const std::string& name, uint64_t claimed, uint64_t packed, int method) {
+    if ((method == ZIP_CM_STORE && claimed != packed) ||
+        (method == ZIP_CM_DEFLATE && claimed > deflateCeiling(packed))) {
+      damaged(label_, "part " + name + " claims " + bytesText(claimed) + " from " +
+                          bytesText(packed) + " packed, more than they can hold");
+    }
+    if (claimed > limits_.maxPartSize) {
+      overLimit(label_, "part " + name + " is " + bytesText(claimed) +
+                            " unpacked, over the limit of " + bytesText(limits_.maxPartSize));
+    }
+  }
+  void checkGrowth(const std::string& name, uint64_t size, uint64_t packed) {
+    if (size > limits_.maxPartSize) {
+      overLimit(label_, "part " + name + " unpacks to more than the limit of " +
+                            bytesText(limits_.maxPartSize));
+    }
+    uint64_t ratio = limits_.maxCompressionRatio;
+    if (size >= limits_.ratioFloor && size > timesOrMax(std::max<uint64_t>(packed, 1), ratio)) {
+      overLimit(label_, "part " + name + " unpacks to more than " + std::to_string(ratio) +
+                            " times its packed size");
+    }
+    if (total_ > limits_.ratioFloor &&
+        total_ > timesOrMax(std::max<uint64_t>(packedSize_, 1), ratio)) {
+      overLimit(label_, "its parts unpack to more than " + std::to_string(ratio) +
+                            " times the size of the file");
+    }
+  }
+
+  const std::string& label_;
+  uint64_t packedSize_;
+  const ReadLimits& limits_;
+  uint64_t total_ = 0;
 };
 
 constexpr std::string_view kBlankContentTypes =
@@ -127,51 +266,70 @@ std::string serialize(const pugi::xml_node& node) {
   return std::move(out).str();
 }
 
-std::unique_ptr<Package> Package::load(const std::string& path) {
+std::unique_ptr<Package> Package::load(const std::string& path, const ReadLimits& limits) {
   std::error_code ec;
   if (!fs::exists(path, ec)) raise(ErrorNumber::kFileNotFound, "'" + path + "' does not exist");
   if (fs::is_directory(path, ec)) {
     raise(ErrorNumber::kDocumentError, "'" + path + "' is a folder, not a document");
   }
   checkNotLocked(path);
+  uint64_t packedSize = fs::file_size(path, ec);
+  if (ec) raise(ErrorNumber::kPermissionDenied, "cannot read '" + path + "': " + ec.message());
 
   int code = 0;
   std::unique_ptr<zip_t, ZipCloser> zip(zip_open(path.c_str(), ZIP_RDONLY, &code));
   if (!zip) {
-    raise(ErrorNumber::kDocumentError,
-          "'" + path + "' is not a .docx document (" + zipErrorText(code) + ")");
+    char head[4] = {};
+    std::ifstream(path, std::ios::binary).read(head, sizeof head);
+    refuseArchive("'" + path + "'", code, startsLikeZip(std::string_view(head, sizeof head)));
   }
+  return readZip(zip.get(), "'" + path + "'", packedSize, limits);
+}
+
+std::unique_ptr<Package> Package::loadBytes(std::string_view bytes, const std::string& name,
+                                            const ReadLimits& limits) {
+  zip_error_t error;
+  zip_error_init(&error);
+  zip_source_t* source = zip_source_buffer_create(bytes.data(), bytes.size(), 0, &error);
+  if (!source) {
+    zip_error_fini(&error);
+    raise(ErrorNumber::kOutOfMemory, "no memory to read '" + name + "'");
+  }
+  std::unique_ptr<zip_t, ZipCloser> zip(zip_open_from_source(source, ZIP_RDONLY, &error));
+  int code = zip_error_code_zip(&error);
+  zip_error_fini(&error);
+  if (!zip) {
+    zip_source_free(source);
+    refuseArchive("'" + name + "'", code, startsLikeZip(bytes));
+  }
+  return readZip(zip.get(), "'" + name + "'", bytes.size(), limits);
+}
+
+std::unique_ptr<Package> Package::readZip(zip_t* zip, const std::string& label, uint64_t packedSize,
+                                          const ReadLimits& limits) {
   auto package = std::unique_ptr<Package>(new Package());
-  zip_int64_t count = zip_get_num_entries(zip.get(), 0);
+  PartReader reader(label, packedSize, limits);
+  zip_int64_t count = zip_get_num_entries(zip, 0);
   for (zip_int64_t i = 0; i < count; ++i) {
     zip_stat_t st;
-    if (zip_stat_index(zip.get(), i, 0, &st) != 0) continue;
-    std::string name = st.name;
+    if (zip_stat_index(zip, i, 0, &st) != 0)
+      damaged(label, "an entry of its zip directory can't be read");
+    std::string name = st.name ? st.name : "";
     if (name.empty() || name.back() == '/') continue;
-    std::string data(static_cast<size_t>(st.size), '\0');
-    zip_file_t* file = zip_fopen_index(zip.get(), i, 0);
-    if (!file) {
-      raise(ErrorNumber::kDocumentError,
-            "'" + path + "': cannot read part " + name + " (" + zip_strerror(zip.get()) + ")");
-    }
-    zip_int64_t got = data.empty() ? 0 : zip_fread(file, data.data(), data.size());
-    zip_fclose(file);
-    if (got != static_cast<zip_int64_t>(data.size())) {
-      raise(ErrorNumber::kDocumentError, "'" + path + "': part " + name + " is damaged");
-    }
-    package->setBytes(name, std::move(data));
+    package->setBytes(name, reader.read(zip, i, st));
   }
   if (!package->has("[Content_Types].xml")) {
     raise(ErrorNumber::kDocumentError,
-          "'" + path + "' is a zip file but not a .docx document (no [Content_Types].xml)");
+          label + " is a zip file but not a .docx document (no [Content_Types].xml)");
   }
   package->locateMainPart();
   if (!package->has(package->mainPart_)) {
     raise(ErrorNumber::kDocumentError,
-          "'" + path + "' is a zip file but not a .docx document (no " + package->mainPart_ + ")");
+          label + " is a zip file but not a .docx document (no " + package->mainPart_ + ")");
   }
   // Refuse a main part that is not XML now rather than at the first edit.
-  package->xml(package->mainPart_);
+  if (std::string why = package->parse(*package->find(package->mainPart_)); !why.empty())
+    damaged(label, why);
   return package;
 }
 
@@ -266,23 +424,26 @@ std::string Package::joined(const Part& part) {
 pugi::xml_document& Package::xml(std::string_view name) {
   Part* part = find(name);
   if (!part) raise(ErrorNumber::kDocumentError, "the document has no part " + std::string(name));
-  if (!part->dom) {
-    if (!part->fragments.empty()) {
-      part->bytes = joined(*part);
-      part->fragments.clear();
-    }
-    auto dom = std::make_unique<pugi::xml_document>();
-    pugi::xml_parse_result result =
-        dom->load_buffer(part->bytes.data(), part->bytes.size(), kParseFlags, pugi::encoding_utf8);
-    if (!result) {
-      raise(ErrorNumber::kDocumentError, "part " + part->name + " is not well-formed XML (" +
-                                             result.description() + " at offset " +
-                                             std::to_string(result.offset) + ")");
-    }
-    part->dom = std::move(dom);
-    std::string().swap(part->bytes);
-  }
+  if (std::string why = parse(*part); !why.empty()) raise(ErrorNumber::kDocumentError, why);
   return *part->dom;
+}
+
+std::string Package::parse(Part& part) {
+  if (part.dom) return {};
+  if (!part.fragments.empty()) {
+    part.bytes = joined(part);
+    part.fragments.clear();
+  }
+  auto dom = std::make_unique<pugi::xml_document>();
+  pugi::xml_parse_result result =
+      dom->load_buffer(part.bytes.data(), part.bytes.size(), kParseFlags, pugi::encoding_utf8);
+  if (!result) {
+    return "part " + part.name + " is not well-formed XML (" + result.description() +
+           " at offset " + std::to_string(result.offset) + ")";
+  }
+  part.dom = std::move(dom);
+  std::string().swap(part.bytes);
+  return {};
 }
 
 void Package::setBytes(std::string_view name, std::string bytes) {

@@ -13,6 +13,10 @@
 #include <unordered_map>
 #include <vector>
 
+#include "docx/read_limits.h"
+
+struct zip;
+
 namespace nvwm::docx {
 
 class ZipWriter;
@@ -62,9 +66,13 @@ struct Relationship {
 class Package {
  public:
   // Reads a .docx. Raises 53 for a missing file, 70 for a file another process has locked,
-  // 4198 for a file that is not a zip or a zip without a main document part. Nothing is kept
-  // from a failed read.
-  static std::unique_ptr<Package> load(const std::string& path);
+  // 4198 for a file that is not a zip, a damaged zip (a size or checksum that doesn't hold, an
+  // inconsistent directory), a part over the limits, or a zip without a main document part.
+  // Nothing is kept from a failed read.
+  static std::unique_ptr<Package> load(const std::string& path, const ReadLimits& limits = {});
+  // The same from the bytes of a .docx in memory; name stands for the file in messages.
+  static std::unique_ptr<Package> loadBytes(std::string_view bytes, const std::string& name,
+                                            const ReadLimits& limits = {});
   // A blank document: one empty paragraph, letter paper, styles and settings.
   static std::unique_ptr<Package> blank();
 
@@ -114,6 +122,11 @@ class Package {
     std::unique_ptr<pugi::xml_document> dom;
   };
   static std::string joined(const Part& part);
+  // Reads every part of an open zip; label names the file in messages ("'letter.docx'").
+  static std::unique_ptr<Package> readZip(zip* archive, const std::string& label,
+                                          uint64_t packedSize, const ReadLimits& limits);
+  // Parses the part's bytes into its tree unless it has one; "" or what is wrong with them.
+  static std::string parse(Part& part);
   Part* find(std::string_view name);
   const Part* find(std::string_view name) const;
   void locateMainPart();

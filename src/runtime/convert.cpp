@@ -420,7 +420,7 @@ double CDbl(const Variant& v) { return numberOf(v); }
 Currency CCur(const Variant& v) {
   if (v.type() == VarType::kCurrency) return v.currencyValue();
   double units = roundHalfEven(numberOf(v) * 10000.0);
-  if (std::fabs(units) > 9.2e18) raise(ErrorNumber::kOverflow);
+  if (!(std::fabs(units) <= 9.2e18)) raise(ErrorNumber::kOverflow);  // NaN too
   return Currency{static_cast<int64_t>(units)};
 }
 

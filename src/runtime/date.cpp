@@ -5,10 +5,13 @@
 // counting forwards from midnight: -1.25 is 1899-12-29 06:00, not 1899-12-28 18:00. So the
 // time of day is always |fraction| and the day is trunc(serial). A time alone is stored on day 0.
 // The calendar is the proleptic Gregorian one; the valid range is 100-01-01 .. 9999-12-31.
-// Parts are rounded to the nearest second, as the original runtime shows them.
+// Parts are rounded to the nearest second, as the original runtime shows them. A serial outside
+// that range (a number read from a file, 1e300, NaN) has no parts: converting it to a day count
+// would be undefined, so parts() raises 6 as the original's conversions do.
 #include "runtime/date.h"
 
 #include <cmath>
+#include <cstdint>
 
 #include "runtime/error.h"
 
@@ -34,9 +37,7 @@ int daysInMonth(int y, int m) {
       static_cast<unsigned>((year{y} / month{static_cast<unsigned>(m)} / last).day()));
 }
 
-Date Date::fromSysDays(sys_days days) {
-  return Date(static_cast<double>((days - kEpoch).count()));
-}
+Date Date::fromSysDays(sys_days days) { return Date(static_cast<double>((days - kEpoch).count())); }
 
 Date Date::fromParts(const DateParts& p) {
   if (!validYear(p.year) || p.month < 1 || p.month > 12 || p.day < 1 ||
@@ -50,18 +51,21 @@ Date Date::fromParts(const DateParts& p) {
 }
 
 Date Date::serial(int y, int m, int d) {
-  // Months roll into years, then days roll from the first of that month.
-  int months = y * 12 + (m - 1);
-  int yy = months >= 0 ? months / 12 : (months - 11) / 12;
-  int mm = months - yy * 12 + 1;
-  if (!validYear(yy)) raise(ErrorNumber::kInvalidProcedureCall, "year out of range");
-  sys_days first = toSysDays(yy, mm, 1);
-  Date result = fromSysDays(first + days{d - 1});
-  if (!validYear(result.year())) raise(ErrorNumber::kInvalidProcedureCall, "date out of range");
+  // Months roll into years, then days roll from the first of that month. Counted in 64 bits:
+  // the arguments may be anything an int holds.
+  int64_t months = int64_t{y} * 12 + (int64_t{m} - 1);
+  int64_t yy = months >= 0 ? months / 12 : (months - 11) / 12;
+  int mm = static_cast<int>(months - yy * 12) + 1;
+  if (yy < 100 || yy > 9999) raise(ErrorNumber::kInvalidProcedureCall, "year out of range");
+  sys_days first = toSysDays(static_cast<int>(yy), mm, 1);
+  Date result = fromSysDays(first + days{int64_t{d} - 1});
+  if (!result.inRange() || !validYear(result.year()))
+    raise(ErrorNumber::kInvalidProcedureCall, "date out of range");
   return result;
 }
 
 DateParts Date::parts() const {
+  if (!inRange()) raise(ErrorNumber::kOverflow, "the number is outside the range of dates");
   double whole = std::trunc(serial_);
   long long secs = std::llround(std::fabs(serial_ - whole) * 86400.0);
   if (secs >= 86400) {  // rounding reached the next midnight
@@ -86,7 +90,9 @@ sys_days Date::sysDays() const {
   return toSysDays(p.year, p.month, p.day);
 }
 
-int Date::weekday() const { return static_cast<int>(std::chrono::weekday{sysDays()}.c_encoding()) + 1; }
+int Date::weekday() const {
+  return static_cast<int>(std::chrono::weekday{sysDays()}.c_encoding()) + 1;
+}
 
 Date Date::datePart() const { return fromSysDays(sysDays()); }
 

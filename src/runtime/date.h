@@ -21,6 +21,10 @@ struct DateParts {
 // Value type; thread-safe as any double.
 class Date {
  public:
+  // The serials of 100-01-01 00:00:00 and of the day after 9999-12-31.
+  static constexpr double kMinSerial = -657434.0;
+  static constexpr double kMaxSerialEnd = 2958466.0;
+
   constexpr Date() = default;
   constexpr explicit Date(double serial) : serial_(serial) {}
 
@@ -35,7 +39,11 @@ class Date {
   static Date fromSysDays(std::chrono::sys_days days);
 
   constexpr double serial() const { return serial_; }
-  // Whole and fraction, rounded to the second.
+  // True for a serial of years 100..9999 (-657434 up to but not including 2958466); false
+  // for anything else, NaN and the infinities included.
+  constexpr bool inRange() const { return serial_ >= kMinSerial && serial_ < kMaxSerialEnd; }
+  // Whole and fraction, rounded to the second. Raises 6 (overflow) when !inRange(): there is
+  // no calendar date to give. Every member below that reads the calendar raises the same.
   DateParts parts() const;
   std::chrono::year_month_day ymd() const;
   std::chrono::sys_days sysDays() const;

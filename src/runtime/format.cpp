@@ -375,6 +375,19 @@ std::string formatDatePattern(Date date, std::string_view pattern) {
 
 // ---- numbers ----
 
+// NaN and the infinities have no digits to print: the original's Overflow.
+void requireFinite(double v) {
+  if (!std::isfinite(v)) raise(ErrorNumber::kOverflow, "the number can't be shown");
+}
+
+// v / 10^e without passing through 0 or infinity on the way: 10^-324 is 0 in a double, yet
+// 5e-324 / 10^-324 is 5.
+double divideByPowerOf10(double v, int e) {
+  for (; e > 300; e -= 300) v /= 1e300;
+  for (; e < -300; e += 300) v *= 1e300;
+  return v / std::pow(10.0, e);
+}
+
 enum class NumberKind { kLiteral, kDigit, kPoint, kComma, kExponent };
 
 struct NumberPiece {
@@ -440,7 +453,16 @@ NumberSection parseNumberSection(std::string_view p) {
     }
   }
   // A comma between digit placeholders of the whole part turns on grouping; commas that end
-  // the whole part divide by 1000 each; any other comma is printed.
+  // the whole part divide by 1000 each; any other comma is printed. What follows each piece
+  // is found in one pass from the end, so a pattern of many commas stays linear.
+  std::vector<size_t> nextNonComma(pieces.size() + 1, pieces.size());
+  std::vector<bool> digitAheadInWhole(pieces.size() + 1, false);
+  for (size_t k = pieces.size(); k-- > 0;) {
+    const NumberPiece& piece = pieces[k];
+    nextNonComma[k] = piece.kind == NumberKind::kComma ? nextNonComma[k + 1] : k;
+    bool endsWhole = piece.kind == NumberKind::kPoint || piece.kind == NumberKind::kExponent;
+    digitAheadInWhole[k] = !endsWhole && (piece.kind == NumberKind::kDigit || digitAheadInWhole[k + 1]);
+  }
   std::vector<NumberPiece> resolved;
   bool inWhole = true;
   bool digitBefore = false;
@@ -452,16 +474,10 @@ NumberSection parseNumberSection(std::string_view p) {
       resolved.push_back(piece);
       continue;
     }
-    size_t next = k + 1;
-    while (next < pieces.size() && pieces[next].kind == NumberKind::kComma) ++next;
-    bool digitAfterInWhole = false;
-    for (size_t j = next; j < pieces.size(); ++j) {
-      if (pieces[j].kind == NumberKind::kPoint || pieces[j].kind == NumberKind::kExponent) break;
-      if (pieces[j].kind == NumberKind::kDigit) digitAfterInWhole = true;
-    }
+    size_t next = nextNonComma[k];
     if (inWhole && digitBefore && next < pieces.size() && pieces[next].kind == NumberKind::kDigit) {
       section.grouping = true;
-    } else if (inWhole && digitBefore && !digitAfterInWhole) {
+    } else if (inWhole && digitBefore && !digitAheadInWhole[next]) {
       ++section.scaleThousands;
     } else {
       resolved.push_back({NumberKind::kLiteral, 0, false, 0, ","});
@@ -475,6 +491,7 @@ std::string printNumberSection(double v, const NumberSection& section) {
   const RegionalSettings& rs = regionalSettings();
   if (section.percent) v *= 100.0;
   for (int i = 0; i < section.scaleThousands; ++i) v /= 1000.0;
+  requireFinite(v);  // 1e308 with "0%" is no number either
 
   int wholeCount = 0, fractionCount = 0, minWhole = 0, minFraction = 0;
   bool pastPoint = false;
@@ -500,10 +517,10 @@ std::string printNumberSection(double v, const NumberSection& section) {
   if (exponent != nullptr && v != 0) {
     int lead = std::max(wholeCount, 1);
     exp10 = static_cast<int>(std::floor(std::log10(v))) - (lead - 1);
-    decimalDigits(v / std::pow(10.0, exp10), fractionCount, whole, fraction);
+    decimalDigits(divideByPowerOf10(v, exp10), fractionCount, whole, fraction);
     if (static_cast<int>(whole.size()) > lead) {  // 9.995 rounded up to 10.00
       ++exp10;
-      decimalDigits(v / std::pow(10.0, exp10), fractionCount, whole, fraction);
+      decimalDigits(divideByPowerOf10(v, exp10), fractionCount, whole, fraction);
     }
   } else {
     decimalDigits(v, fractionCount, whole, fraction);
@@ -644,6 +661,7 @@ std::string formatDate(Date date, std::string_view pattern) {
 }
 
 std::string formatNumber(double value, std::string_view pattern) {
+  requireFinite(value);
   if (pattern.empty() || equalsIgnoringAsciiCase(pattern, "General Number"))
     return doubleToText(value);
   std::string_view named = namedNumberPattern(pattern);

@@ -68,9 +68,10 @@ TEST_F(SqlTextTest, SqliteErrorCarriesSqlitesMessage) {
                            "Database error: no such table: NoSuchTable");
 }
 
-TEST_F(SqlTextTest, StatementsThatReturnNoRowsRun) {
+TEST_F(SqlTextTest, StatementsThatReturnNoRowsRunUpdatable) {
   db.exec("INSERT INTO Tasks (TaskID, Subject) VALUES (1, 'a'), (2, 'b');");
-  Handle h = open("DELETE FROM Tasks WHERE TaskID=1;");
+  Handle h = db.service()->openRecordset("DELETE FROM Tasks WHERE TaskID=1;", kCursorKeyset,
+                                         kLockOptimistic);
   EXPECT_TRUE(db.service()->isEmptyRecordset(h));
   EXPECT_EQ(db.stored("SELECT count(*) FROM Tasks"), "1");
 }

@@ -11,9 +11,11 @@
 
 namespace nvwm::sqlite {
 
+// AND and OR hold all their operands in one node, so that a long chain of clauses is one level
+// deep, not one level per clause: only parentheses nest, and they are bounded.
 struct AdoFilter::Node {
   enum Kind { kAnd, kOr, kCompare, kLike, kIsNull, kIsNotNull } kind = kCompare;
-  std::unique_ptr<Node> left, right;
+  std::vector<std::unique_ptr<Node>> operands;
   int column = -1;
   std::string op;  // "=", "<>", "<", ">", "<=", ">="
   Variant value;   // already in the column's kind where it converts
@@ -59,31 +61,33 @@ class Parser {
     i_ = end;
     return true;
   }
-  std::unique_ptr<Node> join(Node::Kind kind, std::unique_ptr<Node> l, std::unique_ptr<Node> r) {
-    auto n = std::make_unique<Node>();
-    n->kind = kind;
-    n->left = std::move(l);
-    n->right = std::move(r);
-    return n;
+  // operand { word operand }, as one node of `kind` when there is more than one operand.
+  template <class Parse>
+  std::unique_ptr<Node> parseList(Node::Kind kind, std::string_view word, Parse parse) {
+    auto first = (this->*parse)();
+    if (!keyword(word)) return first;
+    auto list = std::make_unique<Node>();
+    list->kind = kind;
+    list->operands.push_back(std::move(first));
+    do {
+      list->operands.push_back((this->*parse)());
+    } while (keyword(word));
+    return list;
   }
-  std::unique_ptr<Node> parseOr() {
-    auto node = parseAnd();
-    while (keyword("OR")) node = join(Node::kOr, std::move(node), parseAnd());
-    return node;
-  }
-  std::unique_ptr<Node> parseAnd() {
-    auto node = parsePrimary();
-    while (keyword("AND")) node = join(Node::kAnd, std::move(node), parsePrimary());
-    return node;
-  }
+  std::unique_ptr<Node> parseOr() { return parseList(Node::kOr, "OR", &Parser::parseAnd); }
+  std::unique_ptr<Node> parseAnd() { return parseList(Node::kAnd, "AND", &Parser::parsePrimary); }
   std::unique_ptr<Node> parsePrimary() {
     skip();
     if (i_ < s_.size() && s_[i_] == '(') {
+      // Each level is a few frames of this parser: bound it before the stack is.
+      if (++depth_ > kMaxFilterNesting)
+        bad(s_, "parentheses are nested more than " + std::to_string(kMaxFilterNesting) + " deep");
       ++i_;
       auto node = parseOr();
       skip();
       if (i_ >= s_.size() || s_[i_] != ')') bad(s_, "a parenthesis is not closed");
       ++i_;
+      --depth_;
       return node;
     }
     return parseClause();
@@ -201,15 +205,18 @@ class Parser {
   std::string_view s_;
   const Recordset& rs_;
   size_t i_ = 0;
+  int depth_ = 0;
 };
 
 bool evaluate(const AdoFilter::Node& n, const Recordset& rs, size_t r) {
   using Node = AdoFilter::Node;
   switch (n.kind) {
     case Node::kAnd:
-      return evaluate(*n.left, rs, r) && evaluate(*n.right, rs, r);
+      return std::all_of(n.operands.begin(), n.operands.end(),
+                         [&](const auto& o) { return evaluate(*o, rs, r); });
     case Node::kOr:
-      return evaluate(*n.left, rs, r) || evaluate(*n.right, rs, r);
+      return std::any_of(n.operands.begin(), n.operands.end(),
+                         [&](const auto& o) { return evaluate(*o, rs, r); });
     case Node::kIsNull:
       return rs.cell(r, n.column).isNull();
     case Node::kIsNotNull:

@@ -16,7 +16,8 @@
 // other comparison with a Null is false.
 //
 // Malformed input: an unknown field, an unclosed quote, bracket or parenthesis, a missing
-// operator or value, or text after the end raises RuntimeError 3001 naming the fault.
+// operator or value, parentheses nested deeper than kMaxFilterNesting, or text after the end
+// raises RuntimeError 3001 naming the fault.
 #pragma once
 
 #include <memory>
@@ -25,6 +26,9 @@
 #include "services/sqlite/recordset.h"
 
 namespace nvwm::sqlite {
+
+// The deepest nesting of parentheses a filter may have.
+inline constexpr int kMaxFilterNesting = 256;
 
 class AdoFilter {
  public:

@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <functional>
+#include <limits>
 
 #include "runtime/convert.h"
 
@@ -54,7 +55,8 @@ Variant coerceToKind(const Variant& v, ColumnKind kind) {
       if (auto d = TryCDate(v)) return Variant(*d);
       return v;
     case ColumnKind::kSingle:
-      if (auto n = TryCDbl(v)) return Variant(static_cast<float>(*n));
+      if (auto n = TryCDbl(v); n && std::fabs(*n) <= std::numeric_limits<float>::max())
+        return Variant(static_cast<float>(*n));
       return v;
     case ColumnKind::kBoolean:
     case ColumnKind::kInteger:

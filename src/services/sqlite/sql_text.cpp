@@ -37,7 +37,103 @@ size_t skipQuoted(std::string_view s, size_t i, char close) {
   return s.size();
 }
 
+bool isWordChar(char c) {
+  return std::isalnum(static_cast<unsigned char>(c)) || c == '_' || c == '$' ||
+         static_cast<unsigned char>(c) >= 0x80;
+}
+
+// Index just past the blanks and comments that start at i.
+size_t skipBlanks(std::string_view s, size_t i) {
+  while (i < s.size()) {
+    if (std::isspace(static_cast<unsigned char>(s[i]))) {
+      ++i;
+    } else if (s.compare(i, 2, "--") == 0) {
+      size_t end = s.find('\n', i);
+      i = end == std::string_view::npos ? s.size() : end + 1;
+    } else if (s.compare(i, 2, "/*") == 0) {
+      size_t end = s.find("*/", i + 2);
+      i = end == std::string_view::npos ? s.size() : end + 2;
+    } else {
+      break;
+    }
+  }
+  return i;
+}
+
+bool sameWord(std::string_view word, std::string_view upper) {
+  if (word.size() != upper.size()) return false;
+  for (size_t k = 0; k < word.size(); ++k) {
+    if (std::toupper(static_cast<unsigned char>(word[k])) != upper[k]) return false;
+  }
+  return true;
+}
+
+// The top-level tokens of a statement, one at a time: a word, or one other character.
+// Quoted runs, comments and parenthesised groups are passed over whole.
+class TopLevelTokens {
+ public:
+  explicit TopLevelTokens(std::string_view s) : s_(s) {}
+  // The next word at the top level ("" at the end; a lone punctuation mark gives "").
+  std::optional<std::string_view> next() {
+    i_ = skipBlanks(s_, i_);
+    if (i_ >= s_.size()) return std::nullopt;
+    char c = s_[i_];
+    if (isWordChar(c)) {
+      size_t start = i_;
+      while (i_ < s_.size() && isWordChar(s_[i_])) ++i_;
+      return s_.substr(start, i_ - start);
+    }
+    if (c == '\'' || c == '"' || c == '`' || c == '[') {
+      i_ = skipQuoted(s_, i_, c == '[' ? ']' : c);
+    } else if (c == '(') {
+      skipGroup();
+    } else {
+      ++i_;
+    }
+    return std::string_view();
+  }
+  size_t offset() const { return i_; }
+
+ private:
+  void skipGroup() {
+    // Iterative, so that no nesting depth can exhaust the stack.
+    size_t depth = 0;
+    while (i_ < s_.size()) {
+      i_ = skipBlanks(s_, i_);
+      if (i_ >= s_.size()) break;
+      char c = s_[i_];
+      if (c == '\'' || c == '"' || c == '`' || c == '[') {
+        i_ = skipQuoted(s_, i_, c == '[' ? ']' : c);
+        continue;
+      }
+      ++i_;
+      if (c == '(') ++depth;
+      if (c == ')' && --depth == 0) return;
+    }
+  }
+
+  std::string_view s_;
+  size_t i_ = 0;
+};
+
 }  // namespace
+
+SelectShape selectShape(std::string_view sql) {
+  SelectShape shape;
+  TopLevelTokens tokens(sql);
+  auto first = tokens.next();
+  if (!first || !sameWord(*first, "SELECT")) return shape;
+  shape.select = true;
+  shape.afterSelect = tokens.offset();
+  auto second = tokens.next();
+  shape.distinct = second && (sameWord(*second, "DISTINCT") || sameWord(*second, "DISTINCTROW"));
+  bool afterGroup = false;
+  for (auto word = second; word; word = tokens.next()) {
+    if (afterGroup && sameWord(*word, "BY")) shape.grouped = true;
+    afterGroup = sameWord(*word, "GROUP");
+  }
+  return shape;
+}
 
 std::optional<Date> parseJetDateLiteral(std::string_view text) {
   UsRegionalSettings us;

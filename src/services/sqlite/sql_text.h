@@ -22,4 +22,15 @@ std::string translateJetSql(std::string_view sql);
 // True when the text holds nothing but blanks, semicolons and comments.
 bool isBlankSql(std::string_view sql);
 
+// The top level of a statement, read token by token: quoted texts and names ('...', "...",
+// [...], `...`), comments and everything inside parentheses are skipped, so a subquery or a
+// text holding "GROUP BY" changes nothing.
+struct SelectShape {
+  bool select = false;     // the statement begins with the keyword SELECT
+  size_t afterSelect = 0;  // the offset just past that keyword
+  bool distinct = false;   // SELECT DISTINCT (or Jet's DISTINCTROW)
+  bool grouped = false;    // a GROUP BY of the top-level SELECT
+};
+SelectShape selectShape(std::string_view sql);
+
 }  // namespace nvwm::sqlite

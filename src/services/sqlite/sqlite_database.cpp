@@ -2,10 +2,9 @@
 //
 // Model: openRecordset runs the statement once and keeps every row, typed by declared type
 // (a keyset snapshot, as the library asks for). A recordset opened with lock type 3 also keeps
-// the rowid of each base table of each row: the table's INTEGER PRIMARY KEY where the select
-// list holds it, else a `"Table".rowid` column put in front of the select list, which the
-// caller never sees. A write goes straight to the table row by that rowid and then into the
-// snapshot.
+// the rowid of each base table of each row (services/sqlite/rowid_plan.h), so that a write goes
+// straight to the table row and then into the snapshot. A recordset opened with lock type 1
+// runs only statements that SQLite says read (sqlite3_stmt_readonly) and return rows.
 #include "services/sqlite/sqlite_database.h"
 
 #include <sqlite3.h>
@@ -18,133 +17,26 @@
 #include "runtime/error.h"
 #include "services/sqlite/ado_filter.h"
 #include "services/sqlite/recordset.h"
+#include "services/sqlite/rowid_plan.h"
 #include "services/sqlite/sql_text.h"
+#include "services/sqlite/statement.h"
 #include "services/sqlite/stored_value.h"
 
 namespace nvwm {
 
 using sqlite::Column;
 using sqlite::ColumnKind;
+using sqlite::fail;
+using sqlite::quoteIdentifier;
 using sqlite::Recordset;
+using sqlite::Statement;
 using sqlite::StoredValue;
+using sqlite::TableInfo;
+using sqlite::tableInfo;
 
 namespace {
 
 constexpr int32_t kPositionEof = -3;
-
-[[noreturn]] void fail(std::string_view detail) { raise(ErrorNumber::kDatabaseError, detail); }
-
-[[noreturn]] void failSqlite(sqlite3* db) { fail(db ? sqlite3_errmsg(db) : "no database"); }
-
-// A prepared statement, finalized on scope exit.
-class Statement {
- public:
-  Statement() = default;
-  ~Statement() { sqlite3_finalize(stmt_); }
-  Statement(const Statement&) = delete;
-  Statement& operator=(const Statement&) = delete;
-
-  // Prepares one statement; the text after it goes to tail. Raises with SQLite's message.
-  void prepare(sqlite3* db, std::string_view sql, std::string_view* tail = nullptr) {
-    sqlite3_finalize(stmt_);
-    stmt_ = nullptr;
-    const char* rest = nullptr;
-    if (sqlite3_prepare_v2(db, sql.data(), static_cast<int>(sql.size()), &stmt_, &rest) !=
-        SQLITE_OK)
-      failSqlite(db);
-    if (tail) *tail = std::string_view(rest, sql.data() + sql.size() - rest);
-  }
-  // As prepare, but a failure gives false.
-  bool tryPrepare(sqlite3* db, std::string_view sql) {
-    sqlite3_finalize(stmt_);
-    stmt_ = nullptr;
-    return sqlite3_prepare_v2(db, sql.data(), static_cast<int>(sql.size()), &stmt_, nullptr) ==
-               SQLITE_OK &&
-           stmt_ != nullptr;
-  }
-  // SQLITE_ROW or SQLITE_DONE; anything else raises.
-  int step(sqlite3* db) {
-    int rc = sqlite3_step(stmt_);
-    if (rc != SQLITE_ROW && rc != SQLITE_DONE) failSqlite(db);
-    return rc;
-  }
-  sqlite3_stmt* get() const { return stmt_; }
-
- private:
-  sqlite3_stmt* stmt_ = nullptr;
-};
-
-std::string quoteIdentifier(std::string_view name) {
-  std::string out = "\"";
-  for (char c : name) {
-    out += c;
-    if (c == '"') out += '"';
-  }
-  return out + "\"";
-}
-
-bool startsWithWord(std::string_view s, size_t at, std::string_view word) {
-  if (s.size() < at + word.size()) return false;
-  for (size_t i = 0; i < word.size(); ++i) {
-    if (std::toupper(static_cast<unsigned char>(s[at + i])) != word[i]) return false;
-  }
-  size_t end = at + word.size();
-  return end == s.size() || !(std::isalnum(static_cast<unsigned char>(s[end])) || s[end] == '_');
-}
-
-// The SQL with the rowid of each table put in front of the select list; "" when the text
-// isn't a plain SELECT (a DISTINCT or compound query has no row to write back to).
-std::string withRowids(std::string_view sql, const std::vector<std::string>& tables) {
-  size_t i = 0;
-  while (i < sql.size() && std::isspace(static_cast<unsigned char>(sql[i]))) ++i;
-  if (!startsWithWord(sql, i, "SELECT")) return "";
-  size_t after = i + 6;
-  size_t j = after;
-  while (j < sql.size() && std::isspace(static_cast<unsigned char>(sql[j]))) ++j;
-  if (startsWithWord(sql, j, "DISTINCT")) return "";
-  std::string upper(sql);
-  std::transform(upper.begin(), upper.end(), upper.begin(),
-                 [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
-  if (upper.find(" UNION ") != std::string::npos || upper.find("GROUP BY") != std::string::npos)
-    return "";
-  std::string out(sql.substr(0, after));
-  for (const std::string& t : tables) out += " " + quoteIdentifier(t) + ".rowid,";
-  out.append(sql.substr(after));
-  return out;
-}
-
-struct TableInfo {
-  std::string key;  // the INTEGER PRIMARY KEY column; "" when none
-  bool autoNumber = false;
-  std::vector<std::pair<std::string, std::string>> defaults;  // column -> default text
-};
-
-TableInfo tableInfo(sqlite3* db, const std::string& table) {
-  TableInfo info;
-  Statement st;
-  st.prepare(db, "SELECT name, type, dflt_value, pk FROM pragma_table_info(?1)");
-  sqlite3_bind_text(st.get(), 1, table.c_str(), -1, SQLITE_TRANSIENT);
-  int keyColumns = 0;
-  while (st.step(db) == SQLITE_ROW) {
-    std::string name = reinterpret_cast<const char*>(sqlite3_column_text(st.get(), 0));
-    const char* type = reinterpret_cast<const char*>(sqlite3_column_text(st.get(), 1));
-    if (sqlite3_column_int(st.get(), 3) > 0) {
-      ++keyColumns;
-      if (type && sqlite::foldAscii(type) == "integer") info.key = name;
-    }
-    if (sqlite3_column_type(st.get(), 2) != SQLITE_NULL)
-      info.defaults.emplace_back(name,
-                                 reinterpret_cast<const char*>(sqlite3_column_text(st.get(), 2)));
-  }
-  if (keyColumns != 1) info.key.clear();
-  if (!info.key.empty()) {
-    int autoinc = 0;
-    sqlite3_table_column_metadata(db, nullptr, table.c_str(), info.key.c_str(), nullptr, nullptr,
-                                  nullptr, nullptr, &autoinc);
-    info.autoNumber = autoinc != 0;
-  }
-  return info;
-}
 
 // A default as the schema writes it ('1 Day', 0) in its stored form.
 StoredValue defaultValue(ColumnKind kind, std::string_view text) {
@@ -229,27 +121,14 @@ void SqliteDatabase::execute(const std::string& sql) {
   }
 }
 
-Handle SqliteDatabase::openRecordset(const std::string& sql, int32_t /*cursorType*/,
-                                     int32_t lockType, bool, const std::string&, bool) {
-  requireConnection();
-  if (sqlite::isBlankSql(sql)) fail("the SQL text is empty");
-  std::string text = sqlite::translateJetSql(sql);
-  if (lockType != kLockReadOnly && lockType != kLockOptimistic)
-    fail("lock type " + std::to_string(lockType) + " is not supported");
+namespace {
 
-  Statement st;
-  std::string_view tail;
-  st.prepare(db_, text, &tail);
-  if (st.get() == nullptr) fail("the SQL text is empty");
-  if (!sqlite::isBlankSql(tail)) fail("only one SQL statement may be sent at a time");
-
-  auto rs = std::make_unique<Recordset>();
-  rs->readOnly = lockType == kLockReadOnly;
-  sqlite3_stmt* s = st.get();
+// The columns of a prepared statement: names, origins, kinds.
+void describeColumns(sqlite3_stmt* s, Recordset& rs) {
   int n = sqlite3_column_count(s);
-  rs->columns.resize(n);
+  rs.columns.resize(n);
   for (int i = 0; i < n; ++i) {
-    Column& c = rs->columns[i];
+    Column& c = rs.columns[i];
     const char* name = sqlite3_column_name(s, i);
     const char* table = sqlite3_column_table_name(s, i);
     const char* origin = sqlite3_column_origin_name(s, i);
@@ -266,68 +145,38 @@ Handle SqliteDatabase::openRecordset(const std::string& sql, int32_t /*cursorTyp
       c.name = c.origin;
     }
   }
-  rs->nameColumns();
+  rs.nameColumns();
+}
 
-  // Where each base table's rowid comes from: its INTEGER PRIMARY KEY column when the select
-  // list has it (a table inside nested joins can be reached no other way), else a hidden
-  // `"Table".rowid` column put in front; -1 when neither works (that table can't be written).
-  std::vector<int> rowidSource;
-  int hidden = 0;
-  if (!rs->readOnly) {
-    for (Column& c : rs->columns) {
-      if (c.table.empty()) continue;
-      auto it = std::find(rs->tables.begin(), rs->tables.end(), c.table);
-      c.tableIndex = static_cast<int>(it - rs->tables.begin());
-      if (it == rs->tables.end()) rs->tables.push_back(c.table);
-    }
-    std::vector<std::string> unkeyed;
-    for (const std::string& table : rs->tables) {
-      std::string key = sqlite::foldAscii(tableInfo(db_, table).key);
-      int source = -1;
-      for (int i = 0; i < n && !key.empty(); ++i) {
-        if (rs->columns[i].table == table && sqlite::foldAscii(rs->columns[i].origin) == key) {
-          source = i;
-          break;
-        }
-      }
-      if (source < 0) {
-        source = -2 - static_cast<int>(unkeyed.size());  // hidden column, decoded below
-        unkeyed.push_back(table);
-      }
-      rowidSource.push_back(source);
-    }
-    if (!unkeyed.empty()) {
-      std::string keyed = withRowids(text, unkeyed);
-      if (!keyed.empty() && st.tryPrepare(db_, keyed) &&
-          sqlite3_column_count(st.get()) == n + static_cast<int>(unkeyed.size())) {
-        hidden = static_cast<int>(unkeyed.size());
-      } else {
-        st.prepare(db_, text);
-        for (size_t t = 0; t < rs->tables.size(); ++t) {
-          if (rowidSource[t] >= 0) continue;
-          rowidSource[t] = -1;
-          for (Column& c : rs->columns) {
-            if (c.tableIndex == static_cast<int>(t)) c.tableIndex = -1;
-          }
-        }
-      }
-    }
-    for (int& source : rowidSource) {
-      if (source >= 0)
-        source += hidden;
-      else if (source <= -2)
-        source = -2 - source;
-    }
-  }
-
-  s = st.get();
-  while (st.step(db_) == SQLITE_ROW) {
-    for (int source : rowidSource)
-      rs->rowids.push_back(source < 0 ? 0 : sqlite3_column_int64(s, source));
+// Runs the statement and keeps every row, with the rowids the plan says where to find.
+void readRows(sqlite3* db, Statement& st, const sqlite::RowidPlan& plan, Recordset& rs) {
+  sqlite3_stmt* s = st.get();
+  int n = static_cast<int>(rs.width());
+  while (st.step(db) == SQLITE_ROW) {
+    for (int source : plan.source)
+      rs.rowids.push_back(source < 0 ? 0 : sqlite3_column_int64(s, source));
     for (int i = 0; i < n; ++i)
-      rs->cells.push_back(sqlite::readColumn(s, hidden + i, rs->columns[i].kind));
-    ++rs->rowCount;
+      rs.cells.push_back(sqlite::readColumn(s, plan.hidden + i, rs.columns[i].kind));
+    ++rs.rowCount;
   }
+}
+
+}  // namespace
+
+Handle SqliteDatabase::openRecordset(const std::string& sql, int32_t /*cursorType*/,
+                                     int32_t lockType, bool, const std::string&, bool) {
+  requireConnection();
+  if (lockType != kLockReadOnly && lockType != kLockOptimistic)
+    fail("lock type " + std::to_string(lockType) + " is not supported");
+  Statement st;
+  std::string text = sqlite::prepareOne(db_, sql, st);
+  auto rs = std::make_unique<Recordset>();
+  rs->readOnly = lockType == kLockReadOnly;
+  if (rs->readOnly) sqlite::requireQuery(st.get(), sql);
+  describeColumns(st.get(), *rs);
+  sqlite::RowidPlan plan;
+  if (!rs->readOnly) plan = sqlite::planRowids(db_, text, st, *rs);
+  readRows(db_, st, plan, *rs);
   return keep(std::move(rs));
 }
 

@@ -51,7 +51,7 @@ StoredValue numberToStored(ColumnKind kind, double n) {
     case ColumnKind::kCurrency:
       return CCur(Variant(n)).toDouble();
     case ColumnKind::kSingle:
-      return static_cast<double>(static_cast<float>(n));
+      return static_cast<double>(CSng(Variant(n)));
     default:
       return n;
   }
@@ -232,7 +232,9 @@ Variant storedToVariant(ColumnKind kind, const StoredValue& value) {
       if (isInt) return asLong(std::get<int64_t>(value));
       break;
     case ColumnKind::kSingle:
-      return Variant(static_cast<float>(n));
+      // A stored number beyond a Single's range comes back whole, as a Double.
+      if (std::fabs(n) <= std::numeric_limits<float>::max()) return Variant(static_cast<float>(n));
+      return Variant(n);
     case ColumnKind::kDouble:
       return Variant(n);
     case ColumnKind::kCurrency:

@@ -368,7 +368,7 @@ class EngineDocuments : public word::Documents {
     std::unique_ptr<Package> package = Package::blank();
     if (given(Template)) {
       // A new document from a template (.dotx or .docx) is a document, not a template.
-      package = Package::load(CStr(Template));
+      package = Package::load(CStr(Template), app_->options.readLimits);
       package->setContentTypeOverride(package->mainPart(), kTypeDocumentMain);
     }
     auto doc = std::make_shared<EngineDocument>(
@@ -391,7 +391,7 @@ class EngineDocuments : public word::Documents {
         return d;
       }
     }
-    auto doc = std::make_shared<EngineDocument>(app_, Package::load(path),
+    auto doc = std::make_shared<EngineDocument>(app_, Package::load(path, app_->options.readLimits),
                                                 fs::path(path).filename().string(), path);
     doc->reattachSavedSource();
     app_->add(doc);
@@ -528,9 +528,26 @@ DocumentPresenter savingPresenter(std::string folder, std::ostream& report) {
   };
 }
 
+namespace {
+
+// Refuses an output file that is one of the inputs: the merge would replace it.
+void requireOtherFile(const std::string& output, const std::string& input, const char* role) {
+  std::error_code ec;
+  if (fs::equivalent(output, input, ec)) {
+    raise(ErrorNumber::kDocumentError, "'" + output + "' is the " + role +
+                                           " itself: the merge would replace it; write the "
+                                           "merged document to another file");
+  }
+}
+
+}  // namespace
+
 size_t mergeFiles(const std::string& templatePath, const std::string& dataSource,
-                  const std::string& table, const std::string& outputPath) {
-  std::unique_ptr<Package> main = Package::load(templatePath);
+                  const std::string& table, const std::string& outputPath,
+                  const docx::ReadLimits& limits) {
+  requireOtherFile(outputPath, templatePath, "main document");
+  requireOtherFile(outputPath, dataSource, "data source");
+  std::unique_ptr<Package> main = Package::load(templatePath, limits);
   MergeData data = MergeData::load(dataSource, table.empty() ? "" : "TABLE " + table);
   // A merge of nothing would write an empty document that looks like a success.
   if (data.rowCount() == 0) {

@@ -23,6 +23,7 @@
 #include <string>
 #include <vector>
 
+#include "docx/read_limits.h"
 #include "host/word.h"
 
 namespace nvwm::wordengine {
@@ -50,6 +51,8 @@ struct WordEngineOptions {
   // The program and leading arguments that print a file; the file's path is appended.
   // Empty: "lp" when it is on PATH, otherwise PrintOut raises 4198.
   std::vector<std::string> printCommand;
+  // What a .docx may unpack to before Documents.Open or Add refuses it (4198).
+  docx::ReadLimits readLimits;
 };
 
 // The options that the default factory uses on the calling thread.
@@ -70,8 +73,10 @@ DocumentPresenter savingPresenter(std::string folder, std::ostream& report);
 // or CSV file; table: the SQLite table ("" for CSV or a file with one table). Returns the
 // number of records merged: 0 when SKIPIF dropped them all (the document written is empty). Raises
 // as Open, OpenDataSource and SaveAs do, and 4198 for a data source without records; nothing is
-// written on failure.
+// written on failure. An output that is the main document or the data source itself (the same
+// file by any path: a link, "./", another spelling) is refused with 4198 before anything is read.
 size_t mergeFiles(const std::string& templatePath, const std::string& dataSource,
-                  const std::string& table, const std::string& outputPath);
+                  const std::string& table, const std::string& outputPath,
+                  const docx::ReadLimits& limits = {});
 
 }  // namespace nvwm::wordengine

@@ -1,0 +1,1 @@
+ATTACH 'elsewhere.db' AS other

@@ -1,0 +1,1 @@
+SELECT * FROM Companies; DROP TABLE Companies

@@ -1,0 +1,1 @@
+SELECT * FROM Dockets WHERE DateFrom = #1/1/2026
