@@ -461,7 +461,8 @@ NumberSection parseNumberSection(std::string_view p) {
     const NumberPiece& piece = pieces[k];
     nextNonComma[k] = piece.kind == NumberKind::kComma ? nextNonComma[k + 1] : k;
     bool endsWhole = piece.kind == NumberKind::kPoint || piece.kind == NumberKind::kExponent;
-    digitAheadInWhole[k] = !endsWhole && (piece.kind == NumberKind::kDigit || digitAheadInWhole[k + 1]);
+    digitAheadInWhole[k] =
+        !endsWhole && (piece.kind == NumberKind::kDigit || digitAheadInWhole[k + 1]);
   }
   std::vector<NumberPiece> resolved;
   bool inWhole = true;
