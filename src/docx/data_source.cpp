@@ -355,96 +355,9 @@ MergeData MergeData::fromCsvText(std::string text, const std::string& path) {
   if (size_t bad = utf8::firstInvalid(text); bad != std::string::npos) {
     sourceError(path, "line " + std::to_string(lineOf(text, bad)) + " is not UTF-8 text");
   }
-  return tableOfCsvRecords(path, splitCsvRecords(path, text));
-}
-
-MergeData data;
-data.kind_ = DataSourceKind::kCsv;
-std::vector<std::vector<std::string>> records;
-std::vector<std::string> record;
-std::string field;
-size_t line = 1;
-size_t recordLine = 1;
-size_t i = 0;
-bool fieldStarted = false;
-// A line with nothing on it is no record; a line of "" is one, of one empty value.
-auto endRecord = [&] {
-  if (record.empty() && !fieldStarted) return;
-  record.push_back(std::move(field));
-  field.clear();
-  records.push_back(std::move(record));
-  record.clear();
-  fieldStarted = false;
-};
-while (i < text.size()) {
-  char c = text[i];
-  if (c == '"' && !fieldStarted) {
-    fieldStarted = true;
-    ++i;
-    size_t openedOn = line;
-    for (;;) {
-      if (i >= text.size())
-        sourceError(
-            path, "a quoted value opened on line " + std::to_string(openedOn) + " is never closed");
-      if (text[i] == '"') {
-        if (i + 1 < text.size() && text[i + 1] == '"') {
-          field += '"';
-          i += 2;
-          continue;
-        }
-        ++i;
-        break;
-      }
-      if (text[i] == '\n') ++line;
-      field += text[i++];
-    }
-    continue;
-  }
-  if (c == ',') {
-    record.push_back(std::move(field));
-    field.clear();
-    fieldStarted = false;
-    ++i;
-    continue;
-  }
-  if (c == '\r' || c == '\n') {
-    i += (c == '\r' && i + 1 < text.size() && text[i + 1] == '\n') ? 2 : 1;
-    if (!isValidUtf8(field))
-      sourceError(path, "line " + std::to_string(recordLine) + " is not UTF-8 text");
-    endRecord();
-    ++line;
-    recordLine = line;
-    continue;
-  }
-  fieldStarted = true;
-  field += c;
-  ++i;
-}
-if (fieldStarted || !record.empty()) endRecord();
-
-for (size_t r = 0; r < records.size(); ++r) {
-  for (const auto& f : records[r]) {
-    if (!isValidUtf8(f))
-      sourceError(path, "record " + std::to_string(r + 1) + " is not UTF-8 text");
-  }
-}
-if (records.empty()) sourceError(path, "it has no header row");
-data.columns_ = records[0];
-for (size_t r = 1; r < records.size(); ++r) {
-  if (records[r].size() > data.columns_.size()) {
-    sourceError(path, "record " + std::to_string(r + 1) + " has " +
-                          std::to_string(records[r].size()) + " values for " +
-                          std::to_string(data.columns_.size()) + " columns");
-  }
-  std::vector<Variant> row;
-  row.reserve(data.columns_.size());
-  for (auto& f : records[r]) row.emplace_back(std::move(f));
-  while (row.size() < data.columns_.size()) row.emplace_back(std::string());
-  data.rows_.push_back(std::move(row));
-}
-data.path_ = path;
-data.buildIndex();
-return data;
+  MergeData data = tableOfCsvRecords(path, splitCsvRecords(path, text));
+  data.path_ = path;
+  return data;
 }
 
 }  // namespace nvwm::docx
