@@ -22,9 +22,9 @@
 #include "merge/cls_word_merge.h"
 #include "merge/cls_word_merge_internal.h"
 #include "practice_generator.h"
-#include "services/word/word_engine.h"
 #include "services/folder_locale.h"
 #include "services/sqlite/sqlite_database.h"
+#include "services/word/word_engine.h"
 
 namespace {
 

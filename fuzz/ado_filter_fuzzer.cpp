@@ -46,7 +46,7 @@ Recordset makeRecordset() {
   };
   for (const auto& row : rows) {
     for (const Variant& v : row) rs.cells.push_back(v);
-    ++rs.row_count;
+    ++rs.rowCount;
   }
   return rs;
 }
@@ -58,7 +58,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   try {
     AdoFilter filter =
         AdoFilter::parse(std::string_view(reinterpret_cast<const char*>(data), size), rs);
-    for (size_t r = 0; r < rs.row_count; ++r) (void)filter.matches(rs, r);
+    for (size_t r = 0; r < rs.rowCount; ++r) (void)filter.matches(rs, r);
   } catch (const RuntimeError&) {
   }
   return 0;

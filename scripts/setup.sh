@@ -4,7 +4,8 @@
 #   scripts/setup.sh --sanitizers also clang and its runtimes (ASan, UBSan, libFuzzer)
 set -euo pipefail
 packages=(cmake ninja-build g++ pkg-config libsqlite3-dev libpugixml-dev libzip-dev zlib1g-dev libicu-dev
-          libspdlog-dev libfmt-dev libcli11-dev libgtest-dev libgmock-dev libbenchmark-dev)
+          libspdlog-dev libfmt-dev libcli11-dev libgtest-dev libgmock-dev libbenchmark-dev
+          clang-format-14)
 if [ "${1:-}" = "--sanitizers" ]; then
   packages+=(clang libclang-rt-14-dev)
 fi

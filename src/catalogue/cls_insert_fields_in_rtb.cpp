@@ -30,9 +30,7 @@ std::string tableQuery(const std::string& table, const char* key, int32_t id) {
 }
 
 DatabaseService& database() {
-  DatabaseService* db = references().DatabaseReference.get();
-  if (db == nullptr) raise(ErrorNumber::kObjectVariableNotSet, "DatabaseReference");
-  return *db;
+  return requireReference(references().DatabaseReference, "DatabaseReference");
 }
 
 // An empty DatabaseReference counts as a database that is not connected.

@@ -42,6 +42,7 @@ struct CustomBlockSpec;
 namespace engine {
 struct DataSets;
 }  // namespace engine
+class FoldedText;
 
 class clsInsertFieldsInRTB {
  public:
@@ -134,11 +135,10 @@ class clsInsertFieldsInRTB {
   // Template parse pass (engine/template_parse_pass.cpp): the finished text.
   std::string parseRTBComment(std::string templateText, int32_t& companyID, int32_t& contactID,
                               int32_t& scheduleID, int32_t& firmID, int32_t& appointmentID,
-                              int32_t& docketID, int32_t& taskID, bool& useSampleData,
-                              bool& isRTF, bool& useContactForMissingCompany);
+                              int32_t& docketID, int32_t& taskID, bool& useSampleData, bool& isRTF,
+                              bool& useContactForMissingCompany);
   // Text clean-up passes (engine/text_cleanup.cpp). The bools are True when an error occurred.
-  bool replaceText(std::string& workText, std::string placeholder, std::string value,
-                   bool& isRTF);
+  bool replaceText(std::string& workText, std::string placeholder, std::string value, bool& isRTF);
   bool replaceUnfoundMergeFieldsWithBlanks(std::string& workText);
   std::string convertToRTF(std::string value);
   std::string removeBlankLinesFromRTFText(std::string& text);
@@ -150,8 +150,8 @@ class clsInsertFieldsInRTB {
   // Merge data lookup (engine/merge_data_field.cpp).
   std::string getMergeDataField(std::string expression, int32_t companyID, int32_t contactID,
                                 int32_t scheduleID, int32_t firmID, int32_t appointmentID,
-                                int32_t docketID, int32_t taskID, bool& useSampleData,
-                                bool& isRTF, bool& useContactForMissingCompany);
+                                int32_t docketID, int32_t taskID, bool& useSampleData, bool& isRTF,
+                                bool& useContactForMissingCompany);
   // Data field value (engine/data_field.cpp).
   std::string getDataField(std::string& displayName, int32_t& companyID, int32_t& contactID,
                            int32_t& scheduleID, int32_t& firmID, int32_t& appointmentID,
@@ -188,6 +188,11 @@ class clsInsertFieldsInRTB {
                                      bool& isRTF, bool& useContactForMissingCompany);
 
  private:
+  // replaceText on a text folded once for a whole pass, so that a replacement doesn't fold it
+  // again (engine/text_cleanup.cpp).
+  bool replaceFoldedText(FoldedText& workText, const std::string& placeholder,
+                         const std::string& value, bool isRTF);
+
   // Where a build adds its list entries: the control, or nothing when noList.
   struct ListTarget {
     LateBoundObject* control;

@@ -79,9 +79,7 @@ void clsInsertFieldsInRTB::createDefaultFieldListStructure(int32_t listType, boo
     addHeader(r, list, "[Company Accounting Info]", true);
     int32_t country = 1;
     r.step([&] {
-      LocaleService* locale = references().LocaleReference.get();
-      if (locale == nullptr) raise(ErrorNumber::kObjectVariableNotSet, "LocaleReference");
-      country = locale->getCountryCode();
+      country = requireReference(references().LocaleReference, "LocaleReference").getCountryCode();
     });
     addRows(
         r, list,

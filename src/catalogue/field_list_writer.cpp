@@ -34,9 +34,7 @@ constexpr int16_t kCustomFieldSize = 255;
 constexpr int kCustomRows = 5;
 
 LocaleService& locale() {
-  LocaleService* service = references().LocaleReference.get();
-  if (service == nullptr) raise(ErrorNumber::kObjectVariableNotSet, "LocaleReference");
-  return *service;
+  return requireReference(references().LocaleReference, "LocaleReference");
 }
 
 DatabaseService* connectedDatabase() {

@@ -42,13 +42,13 @@
 #include "practice/lookups.h"
 #include "runtime/convert.h"
 #include "runtime/error.h"
-#include "services/word/word_engine.h"
 #include "services/folder_locale.h"
 #include "services/logging_error_service.h"
 #include "services/message_services.h"
 #include "services/sqlite/sample_practice.h"
 #include "services/sqlite/sqlite_database.h"
 #include "services/terminal_progress_dialog.h"
+#include "services/word/word_engine.h"
 
 namespace nvwm::cli {
 namespace {
@@ -155,7 +155,7 @@ std::vector<std::pair<int32_t, std::optional<int32_t>>> activeClients(DatabaseSe
 // Saves the documents the word processor shows: the main document (still linked to its data
 // source) and the merged one, where the options say.
 wordengine::DocumentPresenter outputPresenter(const MergeOptions& o,
-                                            std::vector<std::string>& written) {
+                                              std::vector<std::string>& written) {
   return [&o, &written](const std::vector<wordengine::OpenDocumentInfo>& documents) {
     for (const wordengine::OpenDocumentInfo& info : documents) {
       const bool isMain = info.document->MailMerge()->State() != 0;

@@ -24,20 +24,14 @@
 #include <memory>
 #include <sstream>
 
+#include "runtime/ascii.h"
 #include "runtime/convert.h"
 #include "runtime/error.h"
 #include "runtime/text.h"
+#include "runtime/utf8.h"
 
 namespace nvwm::docx {
 namespace {
-
-std::string upper(std::string_view s) {
-  std::string out(s);
-  for (char& c : out) {
-    if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
-  }
-  return out;
-}
 
 bool looksLikeSqlite(const std::string& path) {
   std::ifstream in(path, std::ios::binary);
@@ -56,6 +50,103 @@ struct StmtFinalizer {
 
 [[noreturn]] void sourceError(const std::string& path, const std::string& why) {
   raise(ErrorNumber::kDocumentError, "the data source '" + path + "' can't be used: " + why);
+}
+
+// The line (from 1) that holds text[offset]; CRLF, LF and a lone CR each end a line.
+size_t lineOf(std::string_view text, size_t offset) {
+  size_t line = 1;
+  for (size_t i = 0; i < offset; ++i) {
+    if (text[i] == '\n' || (text[i] == '\r' && (i + 1 == text.size() || text[i + 1] != '\n')))
+      ++line;
+  }
+  return line;
+}
+
+// The records of a CSV text as RFC 4180 reads them (see the top of this file); a blank line
+// comes back as a record of one empty value.
+std::vector<std::vector<std::string>> splitCsvRecords(const std::string& path,
+                                                      std::string_view text) {
+  std::vector<std::vector<std::string>> records;
+  std::vector<std::string> record;
+  std::string field;
+  size_t line = 1;
+  size_t i = 0;
+  bool fieldStarted = false;
+  auto endField = [&] {
+    record.push_back(std::move(field));
+    field.clear();
+    fieldStarted = false;
+  };
+  // A line with nothing on it is no record; a line of "" is one, of one empty value.
+  auto endRecord = [&] {
+    if (record.empty() && !fieldStarted) return;
+    endField();
+    records.push_back(std::move(record));
+    record.clear();
+  };
+  while (i < text.size()) {
+    char c = text[i];
+    if (c == '"' && !fieldStarted) {
+      fieldStarted = true;
+      size_t openedOn = line;
+      ++i;
+      for (;;) {
+        if (i >= text.size()) {
+          sourceError(path, "a quoted value opened on line " + std::to_string(openedOn) +
+                                " is never closed");
+        }
+        if (text[i] == '"') {
+          if (i + 1 < text.size() && text[i + 1] == '"') {
+            field += '"';
+            i += 2;
+            continue;
+          }
+          ++i;
+          break;
+        }
+        if (text[i] == '\n') ++line;
+        field += text[i++];
+      }
+      continue;
+    }
+    if (c == ',') {
+      endField();
+      ++i;
+      continue;
+    }
+    if (c == '\r' || c == '\n') {
+      i += (c == '\r' && i + 1 < text.size() && text[i + 1] == '\n') ? 2 : 1;
+      endRecord();
+      ++line;
+      continue;
+    }
+    fieldStarted = true;
+    field += c;
+    ++i;
+  }
+  if (fieldStarted || !record.empty()) endRecord();
+  return records;
+}
+
+// The first record names the columns; the others are the rows, all values text.
+MergeData tableOfCsvRecords(const std::string& path,
+                            std::vector<std::vector<std::string>> records) {
+  if (records.empty()) sourceError(path, "it has no header row");
+  std::vector<std::string> columns = std::move(records[0]);
+  std::vector<std::vector<Variant>> rows;
+  for (size_t r = 1; r < records.size(); ++r) {
+    if (records[r].size() > columns.size()) {
+      sourceError(path, "record " + std::to_string(r + 1) + " has " +
+                            std::to_string(records[r].size()) + " values for " +
+                            std::to_string(columns.size()) + " columns");
+    }
+    std::vector<Variant> row;
+    row.reserve(columns.size());
+    for (auto& f : records[r]) row.emplace_back(std::move(f));
+    while (row.size() < columns.size()) row.emplace_back(std::string());
+    rows.push_back(std::move(row));
+  }
+  return MergeData(std::move(columns), std::move(rows));
 }
 
 // SQLite's last failure on db, said as the user needs it: a file SQLite can't read as a
@@ -87,7 +178,7 @@ void requireIntact(sqlite3* db, const std::string& path) {
 Variant typedValue(sqlite3_stmt* stmt, int col, const std::string& declared) {
   int storage = sqlite3_column_type(stmt, col);
   if (storage == SQLITE_NULL) return Variant::null();
-  std::string type = upper(declared);
+  std::string type = toAsciiUpper(declared);
   auto text = [&] {
     const unsigned char* t = sqlite3_column_text(stmt, col);
     return std::string(reinterpret_cast<const char*>(t), sqlite3_column_bytes(stmt, col));
@@ -127,43 +218,10 @@ Variant typedValue(sqlite3_stmt* stmt, int col, const std::string& declared) {
 
 }  // namespace
 
-bool isValidUtf8(std::string_view s) {
-  size_t i = 0, n = s.size();
-  while (i < n) {
-    unsigned char c = static_cast<unsigned char>(s[i]);
-    if (c < 0x80) {
-      ++i;
-      continue;
-    }
-    int len;
-    uint32_t cp;
-    if ((c & 0xE0) == 0xC0)
-      len = 2, cp = c & 0x1F;
-    else if ((c & 0xF0) == 0xE0)
-      len = 3, cp = c & 0x0F;
-    else if ((c & 0xF8) == 0xF0)
-      len = 4, cp = c & 0x07;
-    else
-      return false;
-    if (i + len > n) return false;
-    for (int k = 1; k < len; ++k) {
-      unsigned char cc = static_cast<unsigned char>(s[i + k]);
-      if ((cc & 0xC0) != 0x80) return false;
-      cp = (cp << 6) | (cc & 0x3F);
-    }
-    if ((len == 2 && cp < 0x80) || (len == 3 && cp < 0x800) || (len == 4 && cp < 0x10000) ||
-        cp > 0x10FFFF || (cp >= 0xD800 && cp <= 0xDFFF)) {
-      return false;
-    }
-    i += len;
-  }
-  return true;
-}
-
 std::string tableOfConnection(std::string_view connection) {
   size_t pos = 0;
   while (pos < connection.size() && connection[pos] == ' ') ++pos;
-  if (upper(connection.substr(pos, 6)) != "TABLE ") return {};
+  if (toAsciiUpper(connection.substr(pos, 6)) != "TABLE ") return {};
   std::string_view name = connection.substr(pos + 6);
   while (!name.empty() && name.front() == ' ') name.remove_prefix(1);
   while (!name.empty() && name.back() == ' ') name.remove_suffix(1);
@@ -273,7 +331,7 @@ MergeData MergeData::loadSqlite(const std::string& path, std::string_view connec
     row.reserve(columns);
     for (int c = 0; c < columns; ++c) {
       row.push_back(typedValue(s, c, declared[c]));
-      if (row.back().isString() && !isValidUtf8(row.back().stringValue())) {
+      if (row.back().isString() && !utf8::isValid(row.back().stringValue())) {
         sourceError(path, "row " + std::to_string(data.rows_.size() + 1) + ", column " +
                               data.columns_[c] + " is not UTF-8 text");
       }
@@ -293,93 +351,12 @@ MergeData MergeData::loadCsv(const std::string& path) {
 
 MergeData MergeData::fromCsvText(std::string text, const std::string& path) {
   if (text.compare(0, 3, "\xEF\xBB\xBF") == 0) text.erase(0, 3);
-
-  MergeData data;
-  data.kind_ = DataSourceKind::kCsv;
-  std::vector<std::vector<std::string>> records;
-  std::vector<std::string> record;
-  std::string field;
-  size_t line = 1;
-  size_t recordLine = 1;
-  size_t i = 0;
-  bool fieldStarted = false;
-  // A line with nothing on it is no record; a line of "" is one, of one empty value.
-  auto endRecord = [&] {
-    if (record.empty() && !fieldStarted) return;
-    record.push_back(std::move(field));
-    field.clear();
-    records.push_back(std::move(record));
-    record.clear();
-    fieldStarted = false;
-  };
-  while (i < text.size()) {
-    char c = text[i];
-    if (c == '"' && !fieldStarted) {
-      fieldStarted = true;
-      ++i;
-      size_t openedOn = line;
-      for (;;) {
-        if (i >= text.size())
-          sourceError(path, "a quoted value opened on line " + std::to_string(openedOn) +
-                                " is never closed");
-        if (text[i] == '"') {
-          if (i + 1 < text.size() && text[i + 1] == '"') {
-            field += '"';
-            i += 2;
-            continue;
-          }
-          ++i;
-          break;
-        }
-        if (text[i] == '\n') ++line;
-        field += text[i++];
-      }
-      continue;
-    }
-    if (c == ',') {
-      record.push_back(std::move(field));
-      field.clear();
-      fieldStarted = false;
-      ++i;
-      continue;
-    }
-    if (c == '\r' || c == '\n') {
-      i += (c == '\r' && i + 1 < text.size() && text[i + 1] == '\n') ? 2 : 1;
-      if (!isValidUtf8(field))
-        sourceError(path, "line " + std::to_string(recordLine) + " is not UTF-8 text");
-      endRecord();
-      ++line;
-      recordLine = line;
-      continue;
-    }
-    fieldStarted = true;
-    field += c;
-    ++i;
+  // Values are pieces of the text cut at ASCII bytes, so one look at the text checks them all.
+  if (size_t bad = utf8::firstInvalid(text); bad != std::string::npos) {
+    sourceError(path, "line " + std::to_string(lineOf(text, bad)) + " is not UTF-8 text");
   }
-  if (fieldStarted || !record.empty()) endRecord();
-
-  for (size_t r = 0; r < records.size(); ++r) {
-    for (const auto& f : records[r]) {
-      if (!isValidUtf8(f))
-        sourceError(path, "record " + std::to_string(r + 1) + " is not UTF-8 text");
-    }
-  }
-  if (records.empty()) sourceError(path, "it has no header row");
-  data.columns_ = records[0];
-  for (size_t r = 1; r < records.size(); ++r) {
-    if (records[r].size() > data.columns_.size()) {
-      sourceError(path, "record " + std::to_string(r + 1) + " has " +
-                            std::to_string(records[r].size()) + " values for " +
-                            std::to_string(data.columns_.size()) + " columns");
-    }
-    std::vector<Variant> row;
-    row.reserve(data.columns_.size());
-    for (auto& f : records[r]) row.emplace_back(std::move(f));
-    while (row.size() < data.columns_.size()) row.emplace_back(std::string());
-    data.rows_.push_back(std::move(row));
-  }
+  MergeData data = tableOfCsvRecords(path, splitCsvRecords(path, text));
   data.path_ = path;
-  data.buildIndex();
   return data;
 }
 

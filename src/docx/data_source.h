@@ -59,7 +59,4 @@ class MergeData {
 // The table name of a connection text "TABLE name"; empty when it isn't one.
 std::string tableOfConnection(std::string_view connection);
 
-// True when text is valid UTF-8.
-bool isValidUtf8(std::string_view text);
-
 }  // namespace nvwm::docx

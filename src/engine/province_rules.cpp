@@ -165,12 +165,13 @@ const TextRules& notationRules() {
   return rules;
 }
 
-TextRules provinceRules(int32_t provinceCode, Date today) {
-  const ProvinceBranch& branch = branchOf(provinceCode);
+namespace {
+
+TextRules makeProvinceRules(const ProvinceBranch& branch, bool harmonizedTaxDay) {
   TextRules rules;
   // The date rule is undone by the branch's own "«HST Number»" rule further down, so both names
   // end as "«GST Number»" on any date. The order is required as it stands.
-  if (branch.dateRule && today.datePart() >= harmonizedTaxStart()) {
+  if (branch.dateRule && harmonizedTaxDay) {
     addPlain(rules, {{"«GST Number»", "«HST Number»"}});
   }
   addBoardRules(rules, branch.board);
@@ -192,6 +193,23 @@ TextRules provinceRules(int32_t provinceCode, Date today) {
     addPlain(rules, {{"«Quebec ID Number»", "«ON Corp. MCBS Number»"}});
   }
   return rules;
+}
+
+}  // namespace
+
+const TextRules& provinceRules(int32_t provinceCode, Date today) {
+  // Every template of a fill goes through these: made once per branch, before and after the
+  // harmonized tax day.
+  static const auto lists = [] {
+    std::array<std::array<TextRules, 2>, kBranches.size()> made;
+    for (size_t i = 0; i < kBranches.size(); ++i) {
+      made[i] = {makeProvinceRules(kBranches[i], false), makeProvinceRules(kBranches[i], true)};
+    }
+    return made;
+  }();
+  const ProvinceBranch& branch = branchOf(provinceCode);
+  return lists[static_cast<size_t>(&branch - kBranches.data())]
+              [today.datePart() >= harmonizedTaxStart() ? 1 : 0];
 }
 
 const TextRules& countryRules(int32_t countryCode) {

@@ -4,11 +4,11 @@
 // The normaliser is a fixed sequence of whole-text replacements (engine/text_rules.h): the
 // notation rules always, then for a Canadian firm its province's rules and the Canadian address
 // names, for a United States firm the United States address names. The text is folded for
-// case-insensitive search once and after each replacement that changed it, never per rule.
+// case-insensitive search once and kept folded through the replacements; a rule that can't
+// apply costs a look-up, not a scan.
 #include <array>
 
 #include "catalogue/cls_insert_fields_in_rtb.h"
-#include "engine/placeholder_grammar.h"
 #include "engine/text_rules.h"
 #include "host/references.h"
 #include "host/routine.h"
@@ -68,12 +68,9 @@ const ProvinceNames* findProvince(const std::string& province) {
 std::string clsInsertFieldsInRTB::convertProvinceFields(std::string text) {
   FoldedText work(std::move(text));
   Routine r("Tallowbrook.exe-clsInsertFieldsInRTB-convertProvinceFields", errorService());
-  // Most rules name a whole placeholder: indexing the spans lets a rule whose placeholder the
-  // text doesn't hold cost a lookup instead of a scan.
-  r.step([&] {
-    work.indexDelimited(engine::kOpenPlain, engine::kClosePlain);
-    work.indexDelimited(engine::kOpenEscaped, engine::kCloseEscaped);
-  });
+  // Few rules apply to a given template: one that needs a pair of folded bytes the text lacks,
+  // as nearly all do, is turned down by a look-up instead of a scan.
+  r.step([&] { work.indexPairs(); });
   r.step([&] { engine::applyRules(work, engine::notationRules()); });
   int32_t country = 0;
   r.step([&] { country = locale().getCountryCode(); });

@@ -72,7 +72,7 @@ class CatalogueRows {
     row.nameLength = static_cast<uint32_t>(displayName.size());
     text_.append(displayName);
     row.folded = static_cast<uint32_t>(text_.size());
-    text_.append(foldCase(displayName));
+    foldCaseAppend(displayName, text_);
     row.foldedLength = static_cast<uint32_t>(text_.size() - row.folded);
     row.fill = fillOf(fieldType);
     rows_.push_back(row);
@@ -140,7 +140,9 @@ std::string clsInsertFieldsInRTB::parseRTBComment(std::string templateText, int3
     }
   });
 
-  engine::PlaceholderIndex index(work);
+  // Folded once for the whole walk: each replacement keeps the folding up to date.
+  FoldedText folded(std::move(work));
+  engine::PlaceholderIndex index(folded.text());
   std::string placeholder;
   std::string key;  // the folded text between the delimiters of `placeholder`
   // Fills `placeholder`, which the text holds: the value is asked for only now.
@@ -148,9 +150,9 @@ std::string clsInsertFieldsInRTB::parseRTBComment(std::string templateText, int3
     std::string value;
     r.step([&] { value = valueOf(); });
     bool failed = true;
-    r.step([&] { failed = replaceText(work, placeholder, value, isRTF); });
+    r.step([&] { failed = replaceFoldedText(folded, placeholder, value, isRTF); });
     r.step([&] {
-      if (failed || !index.replaced(form, key, value)) index.rebuild(work);
+      if (failed || !index.replaced(form, key, value)) index.rebuild(folded.text());
     });
   };
   auto dataField = [&](std::string name) {
@@ -216,6 +218,7 @@ std::string clsInsertFieldsInRTB::parseRTBComment(std::string templateText, int3
     }
   }
 
+  work = folded.release();
   r.step([&] { replaceUnfoundMergeFieldsWithBlanks(work); });
   return work;
 }

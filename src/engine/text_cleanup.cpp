@@ -5,6 +5,8 @@
 // Malformed input is ordinary input here: invalid UTF-8 is searched and kept as the runtime's
 // text functions do (runtime/utf8.h), and an RTF text cut off in the middle of an escape simply
 // doesn't hold the delimiter it was cut from.
+#include <optional>
+
 #include "catalogue/cls_insert_fields_in_rtb.h"
 #include "engine/placeholder_grammar.h"
 #include "host/routine.h"
@@ -19,38 +21,45 @@ constexpr const char* kParagraph = "\\par";
 
 bool clsInsertFieldsInRTB::replaceText(std::string& workText, std::string placeholder,
                                        std::string value, bool& isRTF) {
+  FoldedText text(std::move(workText));
+  bool failed = replaceFoldedText(text, placeholder, value, isRTF);
+  workText = text.release();
+  return failed;
+}
+
+bool clsInsertFieldsInRTB::replaceFoldedText(FoldedText& text, const std::string& placeholder,
+                                             const std::string& value, bool isRTF) {
   bool failed = false;
   Routine r("Tallowbrook.exe-clsInsertFieldsInRTB-replaceText", errorService(),
             [&](const RuntimeError&) { failed = true; });
   if (!isRTF) {
-    r.step([&] { workText = Replace(workText, placeholder, value, 1, -1, CompareMode::kText); });
+    r.step([&] { text.replaceAll(placeholder, value); });
     return failed;
   }
 
-  FoldedText text;
   std::string target = placeholder;
-  int32_t position = 0;
-  r.step([&] {
-    text = FoldedText(workText);
-    position = text.find(target);
-  });
+  std::optional<TextMatch> hit;
+  r.step([&] { hit = text.match(target); });
   // A caller may pass the plain form for a text that holds the escaped one.
   r.step([&] {
-    if (position == 0) {
+    if (!hit) {
       target = convertFieldName(placeholder);
-      position = text.find(target);
+      hit = text.match(target);
     }
   });
   r.step([&] {
-    if (position == 0) r.exit();
+    if (!hit) r.exit();
   });
   // The value is kept off the RTF control word or character before the placeholder by a blank,
   // so "(«Name»)" becomes "( Smith)". The choice is made once, at the first occurrence, and holds
-  // for all. At position 1 there is no character before: Mid raises 5 and the text stays.
+  // for all. At the first character there is no character before: Mid raises 5, as it always
+  // has, and the text stays. Otherwise the character before is a blank exactly when the byte
+  // before is one: no longer character and no bad byte ends in 0x20.
   r.step([&] {
-    bool afterBlank = Mid(text.text(), position - 1, 1) == " ";
-    text.replaceAll(target, afterBlank ? value : " " + value);
-    workText = text.text();
+    if (hit->byteBegin == 0) Mid(text.text(), 0, 1);
+    bool afterBlank = text.text()[hit->byteBegin - 1] == ' ';
+    // No match stands before the first one.
+    text.replaceAll(target, afterBlank ? value : " " + value, -1, hit->position);
   });
   return failed;
 }
@@ -66,13 +75,12 @@ bool clsInsertFieldsInRTB::replaceUnfoundMergeFieldsWithBlanks(std::string& work
   const char* open = engine::kOpenPlain;
   const char* close = engine::kClosePlain;
   bool FoundAnyPlaceholder = false;
+  // Folded once: the second turn runs only when the first removed nothing.
+  FoldedText text;
+  r.step([&] { text = FoldedText(workText); });
   for (int turn = 1; turn <= 2 && r.running(); ++turn) {
-    FoldedText text;
     int32_t position = 0;
-    r.step([&] {
-      text = FoldedText(workText);
-      position = text.find(open);
-    });
+    r.step([&] { position = text.find(open); });
     while (position > 0 && !failed && r.running()) {
       bool removedSome = false;
       // The cut ends at the first character of the closing delimiter: with the escaped form its
@@ -114,8 +122,10 @@ std::string clsInsertFieldsInRTB::convertToRTF(std::string value) {
     }
   });
   std::string prefix;
+  bool hasLineBreak = true;
   r.step([&] {
-    if (InStr(1, value, engine::kLineBreak, CompareMode::kText) == 0) return;
+    hasLineBreak = InStr(1, value, engine::kLineBreak, CompareMode::kText) > 0;
+    if (!hasLineBreak) return;
     // The text after the last paragraph mark before the source position, up to a "<": with the
     // two members never assigned this collects nothing, and the prefix is "\par ".
     std::string collected;
@@ -134,7 +144,9 @@ std::string clsInsertFieldsInRTB::convertToRTF(std::string value) {
     }
     prefix = std::string(kParagraph) + " " + collected;
   });
+  // Without a line break the replacement would give the value back as it is.
   r.step([&] {
+    if (!hasLineBreak) return;
     result =
         Replace(value, engine::kLineBreak, prefix + engine::kLineBreak, 1, -1, CompareMode::kText);
   });

@@ -36,7 +36,7 @@ const TextRules& notationRules();
 // The firm's province (a LocaleReference province code) in a Canadian firm: each jurisdiction's
 // names of the workers' board, tax and corporation numbers to the names valid in this one. The
 // harmonized sales tax rule looks at `today`.
-TextRules provinceRules(int32_t provinceCode, Date today);
+const TextRules& provinceRules(int32_t provinceCode, Date today);
 
 // The address and identity names of the firm's country: country code 1 turns the United States
 // names into the Canadian ones, 2 the reverse, any other code has no rules.

@@ -17,12 +17,12 @@ class ProgressDialog : public Object {
   virtual void setDialogMessage(const std::string& message) = 0;
   virtual void setProgressStep(int32_t value) = 0;  // called with 10
   virtual void setDialogParent(const Variant& parentForm) = 0;
-  virtual void setShowCancel(bool value) = 0;       // three setters called with False
+  virtual void setShowCancel(bool value) = 0;  // three setters called with False
   virtual void setShowPercent(bool value) = 0;
   virtual void setShowTime(bool value) = 0;
-  virtual void setAnimate(bool value) = 0;          // called with True
-  virtual void setIconId(int32_t value) = 0;        // called with 101
-  virtual void setTopMost(bool value) = 0;          // called with False
+  virtual void setAnimate(bool value) = 0;    // called with True
+  virtual void setIconId(int32_t value) = 0;  // called with 101
+  virtual void setTopMost(bool value) = 0;    // called with False
   // The event handler: the library links its StartProgress routine here before showDialog.
   virtual void onStartProgress(std::function<void()> handler) = 0;
   virtual void showDialog(bool modal) = 0;

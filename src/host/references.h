@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <memory>
+#include <string_view>
 
 #include "host/ado.h"
 #include "host/controls.h"
@@ -14,6 +15,7 @@
 #include "host/progress_dialog.h"
 #include "host/utilities.h"
 #include "host/word.h"
+#include "runtime/error.h"
 
 namespace nvwm {
 
@@ -35,6 +37,14 @@ struct LibraryReferences {
 
 // The calling thread's references.
 LibraryReferences& references();
+
+// What a reference holds. Raises 91 naming the reference when it is empty, so that a routine
+// that needs a service its host never set ends in its handler.
+template <class Service>
+Service& requireReference(const std::shared_ptr<Service>& reference, std::string_view name) {
+  if (reference == nullptr) raise(ErrorNumber::kObjectVariableNotSet, name);
+  return *reference;
+}
 
 // How the library creates the objects it doesn't get from the host. Defaults are the stand-ins
 // of this project; a host or a test may replace any of them (on the calling thread).

@@ -6,9 +6,7 @@ namespace nvwm {
 
 Routine::Routine(std::string_view logTag, ExtraHandlerSteps extra) : extra_(std::move(extra)) {
   step([&] {
-    ErrorService* errors = references().errorClass.get();
-    if (errors == nullptr) raise(ErrorNumber::kObjectVariableNotSet, "errorClass");
-    errors->enterProc(std::string(logTag));
+    requireReference(references().errorClass, "errorClass").enterProc(std::string(logTag));
   });
 }
 

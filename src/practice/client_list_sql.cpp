@@ -59,9 +59,8 @@ std::string getMainBusinessSQLString(bool showOnlyVisible, int32_t statusFilter)
   Routine r("Tallowbrook.exe-modDatabaseFunctions-getMainBusinessSQLString");
   r.step([&] {
     if (statusFilter < 1 || statusFilter > 3) return r.exit();
-    LocaleService* locale = references().LocaleReference.get();
-    if (locale == nullptr) raise(ErrorNumber::kObjectVariableNotSet, "LocaleReference");
-    bool canada = locale->getCountryCode() == 1;
+    LocaleService& locale = requireReference(references().LocaleReference, "LocaleReference");
+    bool canada = locale.getCountryCode() == 1;
     const char* select = canada            ? kSelectCanada
                          : showOnlyVisible ? kSelectOtherVisible
                                            : kSelectOtherAll;

@@ -6,15 +6,11 @@
 namespace nvwm::practice {
 
 DatabaseService& database() {
-  DatabaseService* db = references().DatabaseReference.get();
-  if (db == nullptr) raise(ErrorNumber::kObjectVariableNotSet, "DatabaseReference");
-  return *db;
+  return requireReference(references().DatabaseReference, "DatabaseReference");
 }
 
 VariantUtility& variantUtility() {
-  VariantUtility* utility = references().variantUtility.get();
-  if (utility == nullptr) raise(ErrorNumber::kObjectVariableNotSet, "variantUtility");
-  return *utility;
+  return requireReference(references().variantUtility, "variantUtility");
 }
 
 namespace {

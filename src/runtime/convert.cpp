@@ -1,4 +1,3 @@
-#include "runtime/ascii.h"
 #include "runtime/convert.h"
 
 #include <cctype>
@@ -8,6 +7,7 @@
 #include <limits>
 #include <vector>
 
+#include "runtime/ascii.h"
 #include "runtime/clock.h"
 #include "runtime/error.h"
 #include "runtime/format.h"
@@ -18,8 +18,6 @@ namespace {
 
 [[noreturn]] void nullError() { raise(ErrorNumber::kInvalidUseOfNull); }
 [[noreturn]] void mismatch(std::string_view what) { raise(ErrorNumber::kTypeMismatch, what); }
-
-
 
 // The numeric value of a variant as a double, for the number conversions.
 double numberOf(const Variant& v) {
@@ -102,7 +100,8 @@ std::vector<DateToken> tokenizeDate(std::string_view s) {
 int monthFromWord(std::string_view w) {
   const RegionalSettings& rs = regionalSettings();
   for (int m = 0; m < 12; ++m) {
-    if (equalsIgnoringAsciiCase(w, rs.monthNames[m]) || equalsIgnoringAsciiCase(w, rs.monthAbbreviations[m]))
+    if (equalsIgnoringAsciiCase(w, rs.monthNames[m]) ||
+        equalsIgnoringAsciiCase(w, rs.monthAbbreviations[m]))
       return m + 1;
   }
   if (equalsIgnoringAsciiCase(w, "Sept")) return 9;
@@ -112,7 +111,9 @@ int monthFromWord(std::string_view w) {
 bool isDayWord(std::string_view w) {
   const RegionalSettings& rs = regionalSettings();
   for (int d = 0; d < 7; ++d) {
-    if (equalsIgnoringAsciiCase(w, rs.dayNames[d]) || equalsIgnoringAsciiCase(w, rs.dayAbbreviations[d])) return true;
+    if (equalsIgnoringAsciiCase(w, rs.dayNames[d]) ||
+        equalsIgnoringAsciiCase(w, rs.dayAbbreviations[d]))
+      return true;
   }
   return false;
 }
@@ -131,6 +132,141 @@ bool shortDateIsDayFirst() {
 bool shortDateIsYearFirst() {
   const std::string& p = regionalSettings().shortDate;
   return !p.empty() && (p[0] == 'y' || p[0] == 'Y');
+}
+
+// What the tokens of a date text say, before they are put together.
+struct DateTextParts {
+  std::vector<DateToken> dateNumbers;     // the numbers that are no part of a time of day
+  int monthWord = 0;                      // a month given by name, 1..12; 0 for none
+  int hour = -1, minute = 0, second = 0;  // hour -1: no time of day
+  int ampm = 0;                           // 1 am, 2 pm
+};
+
+struct Ymd {
+  int year = 0, month = 0, day = 0;
+};
+
+bool isAmWord(std::string_view w) {
+  return equalsIgnoringAsciiCase(w, "am") || equalsIgnoringAsciiCase(w, "a") ||
+         equalsIgnoringAsciiCase(w, regionalSettings().am);
+}
+
+bool isPmWord(std::string_view w) {
+  return equalsIgnoringAsciiCase(w, "pm") || equalsIgnoringAsciiCase(w, "p") ||
+         equalsIgnoringAsciiCase(w, regionalSettings().pm);
+}
+
+// The words that make a number before them an hour ("9 am"): the English ones only.
+bool isEnglishAmPmWord(std::string_view w) {
+  return equalsIgnoringAsciiCase(w, "am") || equalsIgnoringAsciiCase(w, "pm") ||
+         equalsIgnoringAsciiCase(w, "a") || equalsIgnoringAsciiCase(w, "p");
+}
+
+// A word: am or pm after an hour, a month name (once), or a day name (read and ignored, as
+// the runtime does). False for any other word.
+bool readDateWord(std::string_view w, DateTextParts& parts) {
+  if (isAmWord(w) || isPmWord(w)) {
+    if (parts.hour < 0 || parts.ampm) return false;
+    parts.ampm = isAmWord(w) ? 1 : 2;
+    return true;
+  }
+  if (int m = monthFromWord(w)) {
+    if (parts.monthWord) return false;
+    parts.monthWord = m;
+    return true;
+  }
+  return isDayWord(w);
+}
+
+// The number at tokens[i]: a time of day h:mm or h:mm:ss (i moves past it), an hour before
+// am/pm, or a number of the date. False for a second time of day or a colon without minutes.
+bool readDateNumber(const std::vector<DateToken>& tokens, size_t& i, DateTextParts& parts) {
+  const DateToken& t = tokens[i];
+  auto kindAt = [&](size_t k) {
+    return k < tokens.size() ? tokens[k].kind : DateToken::kSeparator;
+  };
+  if (kindAt(i + 1) == DateToken::kColon) {
+    if (parts.hour >= 0 || kindAt(i + 2) != DateToken::kNumber) return false;
+    parts.hour = t.value;
+    parts.minute = tokens[i + 2].value;
+    i += 2;
+    if (kindAt(i + 1) == DateToken::kColon && kindAt(i + 2) == DateToken::kNumber) {
+      parts.second = tokens[i + 2].value;
+      i += 2;
+    }
+  } else if (kindAt(i + 1) == DateToken::kWord && parts.hour < 0 &&
+             isEnglishAmPmWord(tokens[i + 1].text)) {
+    parts.hour = t.value;
+  } else {
+    parts.dateNumbers.push_back(t);
+  }
+  return true;
+}
+
+// Sorts every token into parts; false when one fits nowhere. Separators only separate.
+bool readDateTokens(const std::vector<DateToken>& tokens, DateTextParts& parts) {
+  for (size_t i = 0; i < tokens.size(); ++i) {
+    if (tokens[i].kind == DateToken::kWord && !readDateWord(tokens[i].text, parts)) return false;
+    if (tokens[i].kind == DateToken::kNumber && !readDateNumber(tokens, i, parts)) return false;
+  }
+  return true;
+}
+
+// Puts am/pm into the hour (12 am is 0) and checks the time of day.
+bool settleTimeOfDay(DateTextParts& parts) {
+  if (parts.ampm) {
+    if (parts.hour < 1 || parts.hour > 12) return false;
+    if (parts.ampm == 1 && parts.hour == 12) parts.hour = 0;
+    if (parts.ampm == 2 && parts.hour != 12) parts.hour += 12;
+  }
+  return parts.hour <= 23 && parts.minute <= 59 && parts.second <= 59;
+}
+
+// With a month name: "Nov 2026" or "23 Nov" (a number above 31 or of more than two digits is
+// the year), or a day and a year in either order.
+std::optional<Ymd> dateWithMonthWord(int month, const std::vector<DateToken>& numbers) {
+  if (numbers.size() == 1) {
+    const DateToken& only = numbers[0];
+    if (only.value > 31 || only.digits > 2) return Ymd{only.value, month, 1};
+    return Ymd{Today().year(), month, only.value};
+  }
+  if (numbers.size() == 2) {
+    const DateToken& a = numbers[0];
+    const DateToken& b = numbers[1];
+    if (a.digits > 2 || a.value > 31) return Ymd{expandYear(a), month, b.value};
+    return Ymd{expandYear(b), month, a.value};
+  }
+  return std::nullopt;
+}
+
+// Numbers only: yyyy-mm-dd, or two or three numbers in the order of the regional short date,
+// the year of today when there is none.
+std::optional<Ymd> dateOfNumbers(const std::vector<DateToken>& numbers) {
+  size_t n = numbers.size();
+  if (n != 2 && n != 3) return std::nullopt;
+  const DateToken& a = numbers[0];
+  const DateToken& b = numbers[1];
+  if (a.digits > 2) {  // yyyy-mm-dd
+    if (n != 3) return std::nullopt;
+    return Ymd{a.value, b.value, numbers[2].value};
+  }
+  Ymd ymd;
+  if (shortDateIsYearFirst() && n == 3) {
+    ymd = {expandYear(a), b.value, numbers[2].value};
+  } else if (shortDateIsDayFirst()) {
+    ymd = {n == 3 ? expandYear(numbers[2]) : Today().year(), b.value, a.value};
+  } else {
+    ymd = {n == 3 ? expandYear(numbers[2]) : Today().year(), a.value, b.value};
+  }
+  // The runtime swaps day and month when the month can't be one.
+  if (ymd.month > 12 && ymd.day <= 12) std::swap(ymd.month, ymd.day);
+  return ymd;
+}
+
+// The calendar date a text names. REQUIRES: a month name or at least one date number.
+std::optional<Ymd> calendarDateOf(const DateTextParts& parts) {
+  if (parts.monthWord) return dateWithMonthWord(parts.monthWord, parts.dateNumbers);
+  return dateOfNumbers(parts.dateNumbers);
 }
 
 // A number as a date: 6 outside 100-01-01 .. 9999-12-31 23:59:59.
@@ -228,124 +364,16 @@ std::optional<double> TryParseNumber(std::string_view text) {
 std::optional<Date> TryParseDate(std::string_view text) {
   std::vector<DateToken> tokens = tokenizeDate(trimAsciiBlanks(text));
   if (tokens.empty()) return std::nullopt;
-
-  std::vector<DateToken> dateNumbers;
-  int monthWord = 0;
-  int hour = -1, minute = 0, second = 0;
-  int ampm = 0;  // 1 am, 2 pm
-  for (size_t i = 0; i < tokens.size(); ++i) {
-    const DateToken& t = tokens[i];
-    if (t.kind == DateToken::kWord) {
-      std::string_view w = t.text;
-      if (equalsIgnoringAsciiCase(w, "am") || equalsIgnoringAsciiCase(w, "a") || equalsIgnoringAsciiCase(w, regionalSettings().am)) {
-        if (hour < 0 || ampm) return std::nullopt;
-        ampm = 1;
-      } else if (equalsIgnoringAsciiCase(w, "pm") || equalsIgnoringAsciiCase(w, "p") ||
-                 equalsIgnoringAsciiCase(w, regionalSettings().pm)) {
-        if (hour < 0 || ampm) return std::nullopt;
-        ampm = 2;
-      } else if (int m = monthFromWord(w)) {
-        if (monthWord) return std::nullopt;
-        monthWord = m;
-      } else if (isDayWord(w)) {
-        // a day name is read and ignored, as the runtime does
-      } else {
-        return std::nullopt;
-      }
-    } else if (t.kind == DateToken::kNumber) {
-      if (i + 1 < tokens.size() && tokens[i + 1].kind == DateToken::kColon) {
-        // h:mm or h:mm:ss
-        if (hour >= 0 || i + 2 >= tokens.size() || tokens[i + 2].kind != DateToken::kNumber)
-          return std::nullopt;
-        hour = t.value;
-        minute = tokens[i + 2].value;
-        i += 2;
-        if (i + 2 < tokens.size() && tokens[i + 1].kind == DateToken::kColon &&
-            tokens[i + 2].kind == DateToken::kNumber) {
-          second = tokens[i + 2].value;
-          i += 2;
-        }
-      } else if (i + 1 < tokens.size() && tokens[i + 1].kind == DateToken::kWord && hour < 0 &&
-                 (equalsIgnoringAsciiCase(tokens[i + 1].text, "am") ||
-                  equalsIgnoringAsciiCase(tokens[i + 1].text, "pm") || equalsIgnoringAsciiCase(tokens[i + 1].text, "a") ||
-                  equalsIgnoringAsciiCase(tokens[i + 1].text, "p"))) {
-        hour = t.value;  // "9 am"
-      } else {
-        dateNumbers.push_back(t);
-      }
-    }
-  }
-  if (ampm) {
-    if (hour < 1 || hour > 12) return std::nullopt;
-    if (ampm == 1 && hour == 12) hour = 0;
-    if (ampm == 2 && hour != 12) hour += 12;
-  }
-  if (hour > 23 || minute > 59 || second > 59) return std::nullopt;
-
-  int y = 0, m = 0, d = 0;
-  bool hasDate = true;
-  size_t n = dateNumbers.size();
-  if (monthWord) {
-    m = monthWord;
-    if (n == 1) {
-      // "Nov 2026" or "23 Nov": a number above 31 is the year
-      if (dateNumbers[0].value > 31 || dateNumbers[0].digits > 2) {
-        y = dateNumbers[0].value;
-        d = 1;
-      } else {
-        d = dateNumbers[0].value;
-        y = Today().year();
-      }
-    } else if (n == 2) {
-      const DateToken& a = dateNumbers[0];
-      const DateToken& b = dateNumbers[1];
-      if (a.digits > 2 || a.value > 31) {
-        y = expandYear(a);
-        d = b.value;
-      } else {
-        d = a.value;
-        y = expandYear(b);
-      }
-    } else {
-      return std::nullopt;
-    }
-  } else if (n == 0) {
-    hasDate = false;
-    if (hour < 0) return std::nullopt;
-  } else if (n == 2 || n == 3) {
-    const DateToken& a = dateNumbers[0];
-    const DateToken& b = dateNumbers[1];
-    if (a.digits > 2) {  // yyyy-mm-dd
-      if (n != 3) return std::nullopt;
-      y = a.value;
-      m = b.value;
-      d = dateNumbers[2].value;
-    } else {
-      if (shortDateIsYearFirst() && n == 3) {
-        y = expandYear(a);
-        m = b.value;
-        d = dateNumbers[2].value;
-      } else if (shortDateIsDayFirst()) {
-        d = a.value;
-        m = b.value;
-      } else {
-        m = a.value;
-        d = b.value;
-      }
-      if (!(shortDateIsYearFirst() && n == 3)) {
-        y = n == 3 ? expandYear(dateNumbers[2]) : Today().year();
-      }
-      // The runtime swaps day and month when the month can't be one.
-      if (m > 12 && d <= 12) std::swap(m, d);
-    }
-  } else {
-    return std::nullopt;
-  }
-
+  DateTextParts parts;
+  if (!readDateTokens(tokens, parts) || !settleTimeOfDay(parts)) return std::nullopt;
+  bool hasDate = parts.monthWord != 0 || !parts.dateNumbers.empty();
+  if (!hasDate && parts.hour < 0) return std::nullopt;
+  std::optional<Ymd> ymd = hasDate ? calendarDateOf(parts) : Ymd{};
+  if (!ymd) return std::nullopt;
   try {
-    Date date = hasDate ? Date::fromYmd(y, m, d) : Date(0.0);
-    if (hour < 0) return date;
-    double t = (hour * 3600.0 + minute * 60.0 + second) / 86400.0;
+    Date date = hasDate ? Date::fromYmd(ymd->year, ymd->month, ymd->day) : Date(0.0);
+    if (parts.hour < 0) return date;
+    double t = (parts.hour * 3600.0 + parts.minute * 60.0 + parts.second) / 86400.0;
     return Date(date.serial() < 0 ? date.serial() - t : date.serial() + t);
   } catch (const RuntimeError&) {
     return std::nullopt;

@@ -5,6 +5,7 @@
 
 #include <cmath>
 
+#include "runtime/ascii.h"
 #include "runtime/error.h"
 
 namespace nvwm {
@@ -24,8 +25,7 @@ enum class Interval {
 };
 
 Interval parseInterval(std::string_view text) {
-  std::string lower;
-  for (char c : text) lower += static_cast<char>(c >= 'A' && c <= 'Z' ? c + ('a' - 'A') : c);
+  std::string lower = toAsciiLower(text);
   if (lower == "yyyy") return Interval::kYear;
   if (lower == "q") return Interval::kQuarter;
   if (lower == "m") return Interval::kMonth;

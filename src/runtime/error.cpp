@@ -3,6 +3,7 @@
 namespace nvwm {
 
 std::string_view defaultDescription(int32_t number) {
+  // clang-format off
   switch (number) {
     case 5: return "Invalid procedure call or argument";
     case 6: return "Overflow";
@@ -26,6 +27,7 @@ std::string_view defaultDescription(int32_t number) {
     case 5843: return "A document is open in the word processor";
     default: return "Application-defined or object-defined error";
   }
+  // clang-format on
 }
 
 RuntimeError::RuntimeError(int32_t number, std::string description)

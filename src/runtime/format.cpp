@@ -23,8 +23,6 @@
 namespace nvwm {
 namespace {
 
-char lower(char c) { return c >= 'A' && c <= 'Z' ? char(c + ('a' - 'A')) : c; }
-
 bool startsWithNoCase(std::string_view s, size_t i, std::string_view prefix) {
   return s.size() - i >= prefix.size() &&
          equalsIgnoringAsciiCase(s.substr(i, prefix.size()), prefix);
@@ -117,7 +115,7 @@ PatternShape shapeOf(std::string_view p) {
   std::string ignored;
   for (size_t i = 0; i < p.size();) {
     if (readQuotedOrEscaped(p, i, ignored)) continue;
-    char c = lower(p[i]);
+    char c = asciiLower(p[i]);
     if (c == '0' || c == '#') shape.digits = true;
     if ((c != 0 && std::strchr("dmyhnswqc", c) != nullptr) || startsWithNoCase(p, i, "a/p") ||
         startsWithNoCase(p, i, "am/pm") || startsWithNoCase(p, i, "ttttt")) {
@@ -182,9 +180,9 @@ std::vector<DatePiece> parseDatePattern(std::string_view p) {
       i += 4;
       continue;
     }
-    char c = lower(p[i]);
+    char c = asciiLower(p[i]);
     size_t run = 1;
-    while (i + run < p.size() && lower(p[i + run]) == c) ++run;
+    while (i + run < p.size() && asciiLower(p[i + run]) == c) ++run;
     auto take = [&](DateKind kind, size_t width) {
       pieces.push_back({kind, static_cast<int>(width), {}});
       i += width;
@@ -463,7 +461,8 @@ NumberSection parseNumberSection(std::string_view p) {
     const NumberPiece& piece = pieces[k];
     nextNonComma[k] = piece.kind == NumberKind::kComma ? nextNonComma[k + 1] : k;
     bool endsWhole = piece.kind == NumberKind::kPoint || piece.kind == NumberKind::kExponent;
-    digitAheadInWhole[k] = !endsWhole && (piece.kind == NumberKind::kDigit || digitAheadInWhole[k + 1]);
+    digitAheadInWhole[k] =
+        !endsWhole && (piece.kind == NumberKind::kDigit || digitAheadInWhole[k + 1]);
   }
   std::vector<NumberPiece> resolved;
   bool inWhole = true;

@@ -17,8 +17,10 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 #include <functional>
 
+#include "runtime/ascii.h"
 #include "runtime/error.h"
 #include "runtime/utf8.h"
 
@@ -28,8 +30,6 @@ namespace {
 [[noreturn]] void badArgument(std::string_view what) {
   raise(ErrorNumber::kInvalidProcedureCall, what);
 }
-
-constexpr char asciiLower(char c) { return c >= 'A' && c <= 'Z' ? char(c + ('a' - 'A')) : c; }
 
 // The full case folding of one code point, as UTF-8.
 struct Folding {
@@ -85,16 +85,15 @@ void appendFolded(std::string& out, char32_t c) {
   }
 }
 
-// Folds `s` into `out`. When the tables are given, records where each character starts in
-// `out` and in `s`, plus the end of both.
-void foldInto(std::string_view s, std::string& out, std::vector<uint32_t>* foldedStart,
-              std::vector<uint32_t>* byteStart) {
-  out.clear();
-  out.reserve(s.size() + s.size() / 8);
+// Appends the folding of `s` to `out`. When the tables are given, appends where each character
+// of `s` starts in `out` and in the text `s` stands in (at byte `byteBase`); the end entries
+// are the caller's.
+void foldAppend(std::string_view s, std::string& out, std::vector<uint32_t>* foldedStart,
+                std::vector<uint32_t>* byteStart, size_t byteBase) {
   for (size_t i = 0; i < s.size();) {
     if (foldedStart) {
       foldedStart->push_back(static_cast<uint32_t>(out.size()));
-      byteStart->push_back(static_cast<uint32_t>(i));
+      byteStart->push_back(static_cast<uint32_t>(byteBase + i));
     }
     unsigned char b = static_cast<unsigned char>(s[i]);
     if (b < 0x80) {
@@ -111,15 +110,57 @@ void foldInto(std::string_view s, std::string& out, std::vector<uint32_t>* folde
       i += n;
     }
   }
+}
+
+// Folds `s` into `out`. When the tables are given, records where each character starts in
+// `out` and in `s`, plus the end of both.
+void foldInto(std::string_view s, std::string& out, std::vector<uint32_t>* foldedStart,
+              std::vector<uint32_t>* byteStart) {
+  out.clear();
+  out.reserve(s.size() + s.size() / 8);
+  foldAppend(s, out, foldedStart, byteStart, 0);
   if (foldedStart) {
     foldedStart->push_back(static_cast<uint32_t>(out.size()));
     byteStart->push_back(static_cast<uint32_t>(s.size()));
   }
 }
 
+// Appends `s` lower-cased, ASCII letters only; other bytes stay. Eight bytes at a time: a
+// template is folded in full more often than anything else is.
+void lowerAsciiAppend(std::string_view s, std::string& out) {
+  constexpr uint64_t kOnes = 0x0101010101010101ULL;
+  constexpr uint64_t kHighBits = 0x8080808080808080ULL;
+  const size_t at = out.size();
+  out.resize(at + s.size());
+  char* to = out.data() + at;
+  const char* from = s.data();
+  size_t i = 0;
+  for (; i + 8 <= s.size(); i += 8) {
+    uint64_t w;
+    std::memcpy(&w, from + i, 8);
+    // Per byte, on its low seven bits (no carry crosses into the next byte): the high bit of
+    // `fromA` is set at "A" and above, that of `pastZ` above "Z". Bytes of 0x80 and above are
+    // left out.
+    const uint64_t low = w & ~kHighBits;
+    const uint64_t fromA = low + (0x80 - 'A') * kOnes;
+    const uint64_t pastZ = low + (0x80 - 'Z' - 1) * kOnes;
+    const uint64_t upper = fromA & ~pastZ & ~w & kHighBits;
+    w |= upper >> 2;  // 0x80 >> 2 is the 0x20 between the cases
+    std::memcpy(to + i, &w, 8);
+  }
+  for (; i < s.size(); ++i) to[i] = asciiLower(from[i]);
+}
+
 void lowerAsciiInto(std::string_view s, std::string& out) {
-  out.resize(s.size());
-  std::transform(s.begin(), s.end(), out.begin(), asciiLower);
+  out.clear();
+  lowerAsciiAppend(s, out);
+}
+
+// True when a match of `size` bytes that starts on the character boundary p also ends on one.
+bool endsOnBoundary(std::string_view s, size_t p, size_t size) {
+  size_t e = p;
+  while (e < p + size) e += utf8::charLength(s, e);
+  return e == p + size;
 }
 
 // The first byte match of `needle` at or after `from` whose ends are character boundaries.
@@ -131,12 +172,7 @@ size_t findBinary(std::string_view s, std::string_view needle, size_t from, bool
   size_t cursor = from;
   while (p != std::string_view::npos) {
     while (cursor < p) cursor += utf8::charLength(s, cursor);
-    if (cursor == p) {
-      size_t e = p;
-      size_t end = p + needle.size();
-      while (e < end) e += utf8::charLength(s, e);
-      if (e == end) return p;
-    }
+    if (cursor == p && endsOnBoundary(s, p, needle.size())) return p;
     p = s.find(needle, p + 1);
   }
   return p;
@@ -149,38 +185,32 @@ size_t rfindBinary(std::string_view s, std::string_view needle, bool needleValid
   while (p != std::string_view::npos) {
     size_t cursor = 0;
     while (cursor < p) cursor += utf8::charLength(s, cursor);
-    if (cursor == p) {
-      size_t e = p;
-      size_t end = p + needle.size();
-      while (e < end) e += utf8::charLength(s, e);
-      if (e == end) return p;
-    }
+    if (cursor == p && endsOnBoundary(s, p, needle.size())) return p;
     if (p == 0) break;
     p = s.rfind(needle, p - 1);
   }
   return std::string_view::npos;
 }
 
-// A substring search prepared once per needle: Boyer-Moore-Horspool for needles long enough
-// to skip, which placeholders are; a plain search for short ones. Templates are full of the
-// first byte of a placeholder ("\\" in RTF, the lead byte of "«" in UTF-8), which is what
-// makes a first-byte scan slow here.
+// A substring search: glibc's memmem, which hashes pairs of bytes to skip ahead. Templates are
+// full of the first byte of a placeholder ("\\" in RTF, the lead byte of "«" in UTF-8), which
+// is what makes a first-byte scan slow here, and it outruns a Boyer-Moore-Horspool search on
+// texts of a few kilobytes.
 class Searcher {
  public:
-  explicit Searcher(std::string_view needle)
-      : needle_(needle), skip_(needle.begin(), needle.end()) {}
+  explicit Searcher(std::string_view needle) : needle_(needle) {}
 
   size_t find(std::string_view hay, size_t from) const {
     if (from > hay.size()) return std::string_view::npos;
-    if (needle_.size() < 4) return hay.find(needle_, from);
-    auto it = std::search(hay.begin() + static_cast<std::ptrdiff_t>(from), hay.end(), skip_);
-    return it == hay.end() ? std::string_view::npos : static_cast<size_t>(it - hay.begin());
+    if (needle_.empty()) return from;
+    const void* at = memmem(hay.data() + from, hay.size() - from, needle_.data(), needle_.size());
+    return at == nullptr ? std::string_view::npos
+                         : static_cast<size_t>(static_cast<const char*>(at) - hay.data());
   }
   size_t size() const { return needle_.size(); }
 
  private:
   std::string_view needle_;
-  std::boyer_moore_horspool_searcher<std::string_view::const_iterator> skip_;
 };
 
 int32_t toPosition(size_t chars) { return static_cast<int32_t>(chars); }
@@ -219,9 +249,6 @@ std::string mapCase(std::string_view s, char (*asciiMap)(char), Map map) {
   flush(s.size());
   return out;
 }
-
-char asciiUpperChar(char c) { return c >= 'a' && c <= 'z' ? char(c - ('a' - 'A')) : c; }
-char asciiLowerChar(char c) { return asciiLower(c); }
 
 }  // namespace
 
@@ -317,13 +344,11 @@ std::string Trim(std::string_view s) {
 }
 
 std::string UCase(std::string_view s) {
-  return mapCase(s, asciiUpperChar,
-                 [](icu::UnicodeString& u) { u.toUpper(icu::Locale::getRoot()); });
+  return mapCase(s, asciiUpper, [](icu::UnicodeString& u) { u.toUpper(icu::Locale::getRoot()); });
 }
 
 std::string LCase(std::string_view s) {
-  return mapCase(s, asciiLowerChar,
-                 [](icu::UnicodeString& u) { u.toLower(icu::Locale::getRoot()); });
+  return mapCase(s, asciiLower, [](icu::UnicodeString& u) { u.toLower(icu::Locale::getRoot()); });
 }
 
 std::string Replace(std::string_view expression, std::string_view find,
@@ -400,12 +425,16 @@ std::string Space(int32_t n) {
 
 std::string foldCase(std::string_view s) {
   std::string out;
-  if (utf8::isAscii(s)) {
-    lowerAsciiInto(s, out);
-  } else {
-    foldInto(s, out, nullptr, nullptr);
-  }
+  foldCaseAppend(s, out);
   return out;
+}
+
+void foldCaseAppend(std::string_view s, std::string& out) {
+  if (utf8::isAscii(s)) {
+    lowerAsciiAppend(s, out);
+  } else {
+    foldAppend(s, out, nullptr, nullptr, 0);
+  }
 }
 
 // ---- FoldedText ----
@@ -416,6 +445,7 @@ void FoldedText::fold() {
   foldedStart_.clear();
   byteStart_.clear();
   ascii_ = utf8::isAscii(text_);
+  valid_ = ascii_ || utf8::isValid(text_);
   if (ascii_) {
     lowerAsciiInto(text_, folded_);
   } else {
@@ -424,6 +454,7 @@ void FoldedText::fold() {
     foldInto(text_, folded_, &foldedStart_, &byteStart_);
   }
   for (DelimitedIndex& index : indexes_) buildIndex(index);
+  buildPairs();
 }
 
 void FoldedText::indexDelimited(std::string_view open, std::string_view close) {
@@ -495,7 +526,45 @@ void FoldedText::buildIndex(DelimitedIndex& index) const {
   }
 }
 
+namespace {
+
+// The folding of a needle, in a buffer kept for the thread: the folding is needed only for the
+// one search that asked for it, and a rule list asks for dozens in a row.
+std::string_view foldNeedle(std::string_view needle) {
+  thread_local std::string folded;
+  folded.clear();
+  foldCaseAppend(needle, folded);
+  return folded;
+}
+
+size_t pairOf(char first, char second) {
+  return static_cast<size_t>(static_cast<unsigned char>(first)) << 8 |
+         static_cast<unsigned char>(second);
+}
+
+}  // namespace
+
+void FoldedText::indexPairs() {
+  pairs_.assign(kPairWords, 0);
+  buildPairs();
+}
+
+void FoldedText::buildPairs() {
+  if (pairs_.empty()) return;
+  std::fill(pairs_.begin(), pairs_.end(), 0);
+  for (size_t i = 1; i < folded_.size(); ++i) {
+    const size_t pair = pairOf(folded_[i - 1], folded_[i]);
+    pairs_[pair / 64] |= uint64_t{1} << (pair % 64);
+  }
+}
+
 bool FoldedText::mayOccur(std::string_view needle) const {
+  if (!pairs_.empty()) {
+    for (size_t i = 1; i < needle.size(); ++i) {
+      const size_t pair = pairOf(needle[i - 1], needle[i]);
+      if ((pairs_[pair / 64] & (uint64_t{1} << (pair % 64))) == 0) return false;
+    }
+  }
   for (const DelimitedIndex& index : indexes_) {
     std::string_view open = index.open, close = index.close;
     // Only a needle that is one whole span: open, a name without `close`, close.
@@ -511,7 +580,7 @@ std::optional<TextMatch> FoldedText::match(std::string_view needle, int32_t star
   if (start < 1) badArgument("search with a start below 1");
   if (needle.empty() || start > length()) return std::nullopt;
   size_t from = ascii_ ? static_cast<size_t>(start) - 1 : foldedStart_[start - 1];
-  std::string foldedNeedle = foldCase(needle);
+  std::string_view foldedNeedle = foldNeedle(needle);
   if (!mayOccur(foldedNeedle)) return std::nullopt;
   Searcher searcher(foldedNeedle);
   size_t begin, end;
@@ -522,7 +591,7 @@ std::optional<TextMatch> FoldedText::match(std::string_view needle, int32_t star
 
 std::optional<TextMatch> FoldedText::matchLast(std::string_view needle) const {
   if (needle.empty()) return std::nullopt;
-  std::string foldedNeedle = foldCase(needle);
+  std::string_view foldedNeedle = foldNeedle(needle);
   if (!mayOccur(foldedNeedle)) return std::nullopt;
   std::string_view hay = folded_;
   for (size_t p = hay.rfind(foldedNeedle); p != std::string_view::npos;
@@ -541,33 +610,119 @@ int32_t FoldedText::find(std::string_view needle, int32_t start) const {
 }
 
 int32_t FoldedText::replaceAll(std::string_view needle, std::string_view replacement,
-                               int32_t maxCount) {
-  if (needle.empty() || maxCount == 0) return 0;
-  std::string foldedNeedle = foldCase(needle);
+                               int32_t maxCount, int32_t start) {
+  if (start < 1) badArgument("replace with a start below 1");
+  if (needle.empty() || maxCount == 0 || start > length()) return 0;
+  std::string_view foldedNeedle = foldNeedle(needle);
   if (!mayOccur(foldedNeedle)) return 0;
   Searcher searcher(foldedNeedle);
   auto boundary = [this](size_t at) { return isBoundary(at); };
-  std::string out;
-  size_t copied = 0;  // bytes of text_ already handled
-  size_t from = 0;    // folded offset to search from
-  int32_t count = 0;
+  // The matches, as characters of the text: [first, last).
+  std::vector<std::pair<size_t, size_t>> hits;
+  size_t from = ascii_ ? static_cast<size_t>(start) - 1 : foldedStart_[start - 1];
   size_t begin, end;
-  while ((maxCount < 0 || count < maxCount) &&
+  while ((maxCount < 0 || hits.size() < static_cast<size_t>(maxCount)) &&
          findFolded(folded_, searcher, from, boundary, begin, end)) {
-    if (count == 0) out.reserve(text_.size() + replacement.size());
-    TextMatch m = toMatch(begin, end);
-    out.append(text_, copied, m.byteBegin - copied);
-    out.append(replacement);
-    copied = m.byteEnd;
+    hits.emplace_back(characterAt(begin), characterAt(end));
     from = end;
-    ++count;
   }
-  if (count > 0) {
-    out.append(text_, copied, std::string::npos);
-    text_ = std::move(out);
+  if (hits.empty()) return 0;
+  if (splice(hits, replacement)) {
+    for (DelimitedIndex& index : indexes_) buildIndex(index);
+    buildPairs();
+  }
+  return static_cast<int32_t>(hits.size());
+}
+
+size_t FoldedText::characterAt(size_t foldedOffset) const {
+  if (ascii_) return foldedOffset;
+  return std::lower_bound(foldedStart_.begin(), foldedStart_.end(), foldedOffset) -
+         foldedStart_.begin();
+}
+
+bool FoldedText::splice(const std::vector<std::pair<size_t, size_t>>& hits,
+                        std::string_view replacement) {
+  auto byteOf = [this](size_t character) { return ascii_ ? character : byteStart_[character]; };
+  auto foldedOf = [this](size_t character) { return ascii_ ? character : foldedStart_[character]; };
+  // Built in the buffers of the text before, kept for the next replacement.
+  std::string& text = spareText_;
+  text.clear();
+  size_t copied = 0;  // characters of the old text handled
+  for (const auto& [first, last] : hits) {
+    text.append(text_, byteOf(copied), byteOf(first) - byteOf(copied));
+    text.append(replacement);
+    copied = last;
+  }
+  text.append(text_, byteOf(copied), std::string::npos);
+  // Well-formed pieces joined stay the same characters, so the folding is the pieces' foldings
+  // joined. A bad byte at a seam could join its neighbour into a new character: fold again.
+  if (!valid_ || !utf8::isValid(replacement)) {
+    text_.swap(text);
     fold();
+    return false;
   }
-  return count;
+  const bool ascii = ascii_ && utf8::isAscii(replacement);
+  std::string foldedReplacement;
+  std::vector<uint32_t> replacementFolded, replacementBytes;  // per character, from 0
+  if (ascii) {
+    lowerAsciiInto(replacement, foldedReplacement);
+  } else {
+    foldAppend(replacement, foldedReplacement, &replacementFolded, &replacementBytes, 0);
+  }
+  std::string& folded = spareFolded_;
+  folded.clear();
+  std::vector<uint32_t> foldedStart, byteStart;
+  if (!ascii) {
+    const size_t characters = (ascii_ ? text_.size() : byteStart_.size() - 1) + 1 +
+                              hits.size() * replacementFolded.size();
+    foldedStart.reserve(characters);
+    byteStart.reserve(characters);
+  }
+  size_t bytes = 0;  // bytes of the new text laid out so far
+  // Characters [from, to) of the old text.
+  auto appendOld = [&](size_t from, size_t to) {
+    if (!ascii) {
+      for (size_t k = from; k < to; ++k) {
+        foldedStart.push_back(static_cast<uint32_t>(folded.size() + foldedOf(k) - foldedOf(from)));
+        byteStart.push_back(static_cast<uint32_t>(bytes + byteOf(k) - byteOf(from)));
+      }
+    }
+    folded.append(folded_, foldedOf(from), foldedOf(to) - foldedOf(from));
+    bytes += byteOf(to) - byteOf(from);
+  };
+  auto appendReplacement = [&] {
+    if (!ascii) {
+      for (size_t k = 0; k < replacementFolded.size(); ++k) {
+        foldedStart.push_back(static_cast<uint32_t>(folded.size() + replacementFolded[k]));
+        byteStart.push_back(static_cast<uint32_t>(bytes + replacementBytes[k]));
+      }
+    }
+    folded.append(foldedReplacement);
+    bytes += replacement.size();
+  };
+  copied = 0;
+  for (const auto& [first, last] : hits) {
+    appendOld(copied, first);
+    appendReplacement();
+    copied = last;
+  }
+  appendOld(copied, ascii_ ? text_.size() : byteStart_.size() - 1);
+  text_.swap(text);
+  folded_.swap(folded);
+  ascii_ = ascii;
+  if (!ascii) {
+    foldedStart.push_back(static_cast<uint32_t>(folded_.size()));
+    byteStart.push_back(static_cast<uint32_t>(text_.size()));
+  }
+  foldedStart_ = std::move(foldedStart);
+  byteStart_ = std::move(byteStart);
+  return true;
+}
+
+std::string FoldedText::release() {
+  std::string text = std::move(text_);
+  *this = FoldedText();
+  return text;
 }
 
 }  // namespace nvwm

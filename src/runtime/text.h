@@ -20,6 +20,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 namespace nvwm {
@@ -90,6 +91,8 @@ std::string Space(int32_t n);
 // The case folding used by compare mode 1: for comparing keys folded once (a hash map of
 // names, for example). Bad bytes are kept.
 std::string foldCase(std::string_view s);
+// The same folding, appended to `out`: for many keys folded into one buffer.
+void foldCaseAppend(std::string_view s, std::string& out);
 
 // One match of a needle in a FoldedText: the character position (from 1) and the bytes of the
 // original text that matched.
@@ -129,11 +132,13 @@ class FoldedText {
   int32_t find(std::string_view needle, int32_t start = 1) const;
   bool contains(std::string_view needle) const { return find(needle) > 0; }
 
-  // Replaces every match of `needle` (at most maxCount; -1: all), left to right and without
-  // overlap, by `replacement` (taken as it is, never searched again). Returns the number of
-  // replacements; the text and its folding are updated, and positions of earlier matches go
-  // stale. An empty needle replaces nothing.
-  int32_t replaceAll(std::string_view needle, std::string_view replacement, int32_t maxCount = -1);
+  // Replaces every match of `needle` at or after character `start` (at most maxCount; -1: all),
+  // left to right and without overlap, by `replacement` (taken as it is, never searched again).
+  // The text before `start` is kept. Returns the number of replacements; the text and its
+  // folding are updated, and positions of earlier matches go stale. An empty needle replaces
+  // nothing. start < 1 raises 5.
+  int32_t replaceAll(std::string_view needle, std::string_view replacement, int32_t maxCount = -1,
+                     int32_t start = 1);
 
   // Indexes every span that runs from an `open` delimiter to the first `close` after it, both
   // included ("«Company Name»"), so that looking for a needle of that form that isn't in the
@@ -143,6 +148,14 @@ class FoldedText {
   // runs of them ("«", "\'ab"); several pairs may be indexed. Empty delimiters are ignored.
   void indexDelimited(std::string_view open, std::string_view close);
 
+  // Indexes which pairs of adjacent folded bytes the text holds, so that a needle with a pair
+  // the text lacks is turned down without a scan: for a long list of replacements of which few
+  // apply. Results are the same with or without it; it follows replacements.
+  void indexPairs();
+
+  // Gives up the text, with the replacements made, leaving this empty.
+  std::string release();
+
  private:
   struct DelimitedIndex {
     std::string open, close;           // folded
@@ -150,23 +163,37 @@ class FoldedText {
   };
 
   void fold();
+  void buildPairs();
   void buildIndex(DelimitedIndex& index) const;
   // False only when the folded needle certainly doesn't occur.
   bool mayOccur(std::string_view foldedNeedle) const;
   // True when folded offset `at` starts a character (or is the end).
   bool isBoundary(size_t at) const;
   TextMatch toMatch(size_t foldedBegin, size_t foldedEnd) const;
+  // The character (from 0) that starts at folded offset `foldedOffset`, a boundary.
+  size_t characterAt(size_t foldedOffset) const;
+  // Replaces characters [first, last) of each hit, in order and without overlap, and brings
+  // the folding and the tables up to date without folding the whole text again. False when
+  // it had to fold it all the same (the indexes are then rebuilt too).
+  bool splice(const std::vector<std::pair<size_t, size_t>>& hits, std::string_view replacement);
 
   std::string text_;
   std::string folded_;
   // True when the text is all ASCII: folded offsets are then byte offsets and character
   // positions, and the two tables below stay empty.
   bool ascii_ = true;
+  // True when the text is well-formed UTF-8 (ASCII is).
+  bool valid_ = true;
   // For character i (from 0), where it starts in folded_ and in text_; one more entry for the
   // end. Both strictly increasing.
   std::vector<uint32_t> foldedStart_;
   std::vector<uint32_t> byteStart_;
   std::vector<DelimitedIndex> indexes_;
+  // One bit per pair of folded bytes present, when indexPairs asked for it; else empty.
+  static constexpr size_t kPairWords = 65536 / 64;
+  std::vector<uint64_t> pairs_;
+  // The text and folding before the last replacement: their buffers are reused by the next.
+  std::string spareText_, spareFolded_;
 };
 
 }  // namespace nvwm

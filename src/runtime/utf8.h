@@ -97,15 +97,18 @@ inline bool isAscii(std::string_view s) {
   return true;
 }
 
-// True when the whole text is well-formed UTF-8.
-inline bool isValid(std::string_view s) {
+// The offset of the first byte that starts no well-formed sequence; npos when there is none.
+inline size_t firstInvalid(std::string_view s) {
   for (size_t i = 0; i < s.size();) {
     size_t n = sequenceLength(s, i);
-    if (n == 0) return false;
+    if (n == 0) return i;
     i += n;
   }
-  return true;
+  return std::string_view::npos;
 }
+
+// True when the whole text is well-formed UTF-8.
+inline bool isValid(std::string_view s) { return firstInvalid(s) == std::string_view::npos; }
 
 // The number of characters (bad bytes count one each).
 inline size_t countChars(std::string_view s) {

@@ -7,6 +7,7 @@
 namespace nvwm {
 
 VarType Variant::type() const {
+  // clang-format off
   switch (value_.index()) {
     case 0: return VarType::kEmpty;
     case 1: return VarType::kNull;
@@ -21,9 +22,11 @@ VarType Variant::type() const {
     case 10: return VarType::kString;
     default: return VarType::kObject;
   }
+  // clang-format on
 }
 
 bool Variant::isNumber() const {
+  // clang-format off
   switch (type()) {
     case VarType::kInteger:
     case VarType::kLong:
@@ -32,6 +35,7 @@ bool Variant::isNumber() const {
     case VarType::kCurrency: return true;
     default: return false;
   }
+  // clang-format on
 }
 
 bool Variant::boolValue() const {
@@ -72,6 +76,7 @@ const std::shared_ptr<Object>& Variant::objectValue() const {
 }
 
 std::string debugString(const Variant& v) {
+  // clang-format off
   switch (v.type()) {
     case VarType::kEmpty: return "Empty";
     case VarType::kNull: return "Null";
@@ -86,6 +91,7 @@ std::string debugString(const Variant& v) {
     case VarType::kCurrency: return "Currency " + CStr(v);
     case VarType::kDate: return "Date " + CStr(v);
   }
+  // clang-format on
   return "?";
 }
 

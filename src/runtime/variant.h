@@ -104,8 +104,8 @@ class Variant {
   explicit Variant(NullTag t) : value_(t) {}
   explicit Variant(MissingTag t) : value_(t) {}
 
-  std::variant<std::monostate, NullTag, MissingTag, bool, int16_t, int32_t, float, double,
-               Currency, Date, std::string, std::shared_ptr<Object>>
+  std::variant<std::monostate, NullTag, MissingTag, bool, int16_t, int32_t, float, double, Currency,
+               Date, std::string, std::shared_ptr<Object>>
       value_;
 };
 

@@ -29,8 +29,7 @@ std::string homeFolder() {
 
 }  // namespace
 
-std::string XdgWorkingFolder::getWorkingFolder() {
-  if (!folder_.empty()) return folder_;
+std::string productDataFolder() {
   if (const char* data = std::getenv("XDG_DATA_HOME"); data != nullptr && data[0] == '/') {
     std::string folder = data;
     while (folder.size() > 1 && folder.back() == '/') folder.pop_back();
@@ -40,6 +39,10 @@ std::string XdgWorkingFolder::getWorkingFolder() {
   if (home.empty()) raise(ErrorNumber::kPathNotFound, "no home folder for the working folder");
   while (!home.empty() && home.back() == '/') home.pop_back();
   return home + "/.local/share/" + kProductFolder;
+}
+
+std::string XdgWorkingFolder::getWorkingFolder() {
+  return folder_.empty() ? productDataFolder() : folder_;
 }
 
 }  // namespace nvwm

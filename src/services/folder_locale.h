@@ -8,11 +8,15 @@
 
 namespace nvwm {
 
-// The working folder: the one set by setWorkingFolder, else the XDG data folder of the product,
+// The XDG data folder of the product, where everything it keeps on its own goes:
 // $XDG_DATA_HOME/nvwordmerge6, or ~/.local/share/nvwordmerge6 when XDG_DATA_HOME is unset, empty
-// or relative (as the XDG rules say). The environment is read at each call. The folder is
-// not created here: the library makes the folders it needs under it. Raises 76 when neither
-// XDG_DATA_HOME nor a home folder can be found. Not thread-safe.
+// or relative (as the XDG rules say). The home folder is $HOME, else the password database's.
+// The environment is read at each call. The folder is not created here: users make the folders
+// they need under it. Raises 76 when neither XDG_DATA_HOME nor a home folder can be found.
+std::string productDataFolder();
+
+// The working folder: the one set by setWorkingFolder, else productDataFolder(). Not
+// thread-safe.
 class XdgWorkingFolder : public WorkingFolderService {
  public:
   XdgWorkingFolder() = default;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "runtime/ascii.h"
 #include "runtime/convert.h"
 #include "runtime/error.h"
 
@@ -9,10 +10,7 @@ namespace nvwm {
 namespace {
 
 bool isMember(std::string_view given, std::string_view name) {
-  return std::ranges::equal(given, name, [](char a, char b) {
-    auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
-    return lower(a) == lower(b);
-  });
+  return equalsIgnoringAsciiCase(given, name);
 }
 
 [[noreturn]] void noSuchMember(std::string_view member) {

@@ -1,48 +1,51 @@
 #include "catalogue_test_support.h"
 
+#include <sstream>
+
 #include "host/references.h"
-#include "services/default_factories.h"
 #include "runtime/convert.h"
+#include "services/default_factories.h"
+#include "support/test_data.h"
 
 namespace nvwm::testing {
 
-void FakeLabelDatabase::addUntouchedLabels() {
-  Row fields, addressFields;
+LabelDatabase::LabelDatabase() : db(std::make_shared<RecordingDatabase>(practice.service())) {
+  resetLabels();
+}
+
+void LabelDatabase::resetLabels() {
+  std::string fields, addressFields;
   for (int n = 1; n <= 5; ++n) {
-    std::string label = "Custom " + std::to_string(n);
+    std::string label = ", 'Custom " + std::to_string(n) + "'";
+    fields += label + label + label + label + label;
+    addressFields += label + label;
+  }
+  std::string fieldColumns, addressColumns;
+  for (int n = 1; n <= 5; ++n) {
     for (const char* stem : {"CustomName", "ApptCustomName", "RemittanceLabel", "TaskCustomName",
                              "DocketCustomName"}) {
-      fields[stem + std::to_string(n)] = Variant(label);
+      fieldColumns += std::string(", ") + stem + std::to_string(n);
     }
     for (const char* stem : {"ContactLabel", "CompanyLabel"}) {
-      addressFields[stem + std::to_string(n)] = Variant(label);
+      addressColumns += std::string(", ") + stem + std::to_string(n);
     }
   }
-  tables["SELECT CustomFields.* FROM CustomFields;"] = {fields};
-  tables["SELECT CustomAddressFields.* FROM CustomAddressFields;"] = {addressFields};
+  practice.exec("DELETE FROM CustomFields; DELETE FROM CustomAddressFields;");
+  practice.exec("INSERT INTO CustomFields (" + fieldColumns.substr(2) + ") VALUES (" +
+                fields.substr(2) + ");");
+  practice.exec("INSERT INTO CustomAddressFields (" + addressColumns.substr(2) + ") VALUES (" +
+                addressFields.substr(2) + ");");
 }
 
-Handle FakeLabelDatabase::openRecordset(const std::string& sql, int32_t, int32_t, bool,
-                                        const std::string&, bool) {
-  Handle h = next_++;
-  open_[h] = sql;
-  return h;
-}
-
-const std::vector<FakeLabelDatabase::Row>& FakeLabelDatabase::rows(Handle h) {
-  static const std::vector<Row> kNone;
-  auto o = open_.find(h);
-  if (o == open_.end()) raise(ErrorNumber::kDatabaseError, "recordset not open");
-  auto t = tables.find(o->second);
-  return t == tables.end() ? kNone : t->second;
-}
-
-Variant FakeLabelDatabase::getField(Handle h, const Variant& name) {
-  const std::vector<Row>& r = rows(h);
-  if (r.empty()) raise(ErrorNumber::kDatabaseError, "no current record");
-  auto cell = r.front().find(CStr(name));
-  if (cell == r.front().end()) raise(ErrorNumber::kDatabaseError, "item not found");
-  return cell->second;
+void LabelDatabase::setLabel(const std::string& table, const std::string& column,
+                             const Variant& value) {
+  std::string literal = "NULL";
+  if (!value.isNull()) {
+    literal = "'";
+    for (char c : CStr(value)) literal += c == '\'' ? std::string("''") : std::string(1, c);
+    literal += "'";
+  }
+  practice.exec("UPDATE " + table + " SET " + column + " = " + literal + ";");
 }
 
 void addUntouchedLabels(PracticeDb& practice) {
@@ -111,6 +114,19 @@ std::vector<DumpedRow> dumpRows(IDList& list) {
 std::vector<std::string> displayNames(IDList& list) {
   std::vector<std::string> names;
   for (const DumpedRow& row : dumpRows(list)) names.push_back(row.columns[1]);
+  return names;
+}
+
+std::vector<std::string> goldenDisplayNames(const std::string& name) {
+  std::istringstream in(readTestData("tests/catalogue/data/" + name + ".tsv"));
+  std::vector<std::string> names;
+  for (std::string line; std::getline(in, line);) {
+    // key, DatabaseField, DisplayName, ...
+    size_t first = line.find('\t');
+    size_t second = line.find('\t', first + 1);
+    size_t third = line.find('\t', second + 1);
+    names.push_back(line.substr(second + 1, third - second - 1));
+  }
   return names;
 }
 

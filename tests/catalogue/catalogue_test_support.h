@@ -1,5 +1,5 @@
-// Helpers of the catalogue tests: a database of label tables, controls that record the calls made
-// on them by member name, and dumps of the catalogue's rows.
+// Helpers of the catalogue tests: a practice database with label rows, controls that record the
+// calls made on them by member name, and dumps of the catalogue's rows.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -22,49 +22,18 @@
 
 namespace nvwm::testing {
 
-// A connected database of label tables only: each SQL text the test registers gives its rows;
-// any other text opens an empty recordset. Handles count from 1; closing is recorded by the
-// RecordingDatabase around it.
-class FakeLabelDatabase : public DatabaseService {
+// A practice database (PracticeDb) whose label tables hold one row each that nobody has
+// touched ("Custom 1" to "Custom 5" in every label column of "CustomFields" and
+// "CustomAddressFields"), seen through a RecordingDatabase (db), which the test installs.
+class LabelDatabase {
  public:
-  using Row = std::map<std::string, Variant>;
-  bool connected = true;
-  std::map<std::string, std::vector<Row>> tables;  // by SQL text
-  // One row in "CustomFields" and "CustomAddressFields" whose labels nobody has touched
-  // ("Custom 1" to "Custom 5" in every label column).
-  void addUntouchedLabels();
-
-  int32_t getRecordCount(Handle h) override { return static_cast<int32_t>(rows(h).size()); }
-  bool isEmptyRecordset(Handle h) override { return rows(h).empty(); }
-  bool isRecordsetOpen(Handle h) override { return open_.count(h) > 0; }
-  bool isEOF(Handle h) override { return rows(h).empty(); }
-  bool isConnected() override { return connected; }
-  Handle openRecordset(const std::string& sql, int32_t, int32_t, bool, const std::string&,
-                       bool) override;
-  void closeRecordset(Handle h) override { open_.erase(h); }
-  int32_t getRecordPosition(Handle) override { return 0; }
-  int32_t setRecordPosition(Handle, int32_t) override { return 0; }
-  bool hasRecords(Handle h) override { return !rows(h).empty(); }
-  void moveNext(Handle) override {}
-  Variant getField(Handle h, const Variant& name) override;
-  void setField(Handle, const std::string&, const std::string&, const std::string&, bool) override {
-    raise(ErrorNumber::kDatabaseError, "read-only");
-  }
-  void addNewRecord(Handle) override { raise(ErrorNumber::kDatabaseError, "read-only"); }
-  void setNewField(Handle, const std::string&, const Variant&) override {
-    raise(ErrorNumber::kDatabaseError, "read-only");
-  }
-  void updateRecord(Handle) override { raise(ErrorNumber::kDatabaseError, "read-only"); }
-  bool findRecord(Handle, const std::string&, const Variant&) override { return false; }
-  Handle filterRecordset(Handle, const std::string&) override {
-    raise(ErrorNumber::kDatabaseError, "not here");
-  }
-  std::string getSQLDateString(const Date&) override { return ""; }
-
- private:
-  const std::vector<Row>& rows(Handle h);
-  std::map<Handle, std::string> open_;
-  Handle next_ = 1;
+  LabelDatabase();
+  // Sets one label column of a label table's row: text, or Null.
+  void setLabel(const std::string& table, const std::string& column, const Variant& value);
+  // Back to one untouched row in each label table.
+  void resetLabels();
+  PracticeDb practice;
+  std::shared_ptr<RecordingDatabase> db;
 };
 
 // Inserts into a practice database one row in "CustomFields" and "CustomAddressFields" whose
@@ -110,6 +79,11 @@ struct DumpedRow {
 };
 std::vector<DumpedRow> dumpRows(IDList& list);
 std::vector<std::string> displayNames(IDList& list);
+
+// The display names of a golden field list, tests/catalogue/data/<name>.tsv (the output of
+// `nvwordmerge fields`, which the fields_list_type_N tests check): "fields-1-canada" is the list
+// of list type 1 in Ontario, "fields-4-canada" the firm's rows alone.
+std::vector<std::string> goldenDisplayNames(const std::string& name);
 
 // The environment of a catalogue build: fresh references with a recording error service, a
 // host-set locale, a clock fixed on a date, and the default factories.

@@ -3,15 +3,13 @@
 #include <gtest/gtest.h>
 
 #include "catalogue_test_support.h"
-#include "expected_field_names.h"
 #include "runtime/convert.h"
 
 namespace nvwm::testing {
 namespace {
 
-constexpr const char* kCustomFields = "SELECT CustomFields.* FROM CustomFields;";
-constexpr const char* kCustomAddressFields =
-    "SELECT CustomAddressFields.* FROM CustomAddressFields;";
+constexpr const char* kCustomFields = "CustomFields";
+constexpr const char* kCustomAddressFields = "CustomAddressFields";
 
 std::vector<DumpedRow> rowsOf(clsInsertFieldsInRTB& catalogue, const std::string& category,
                               const std::string& databaseFieldPrefix) {
@@ -32,17 +30,14 @@ std::vector<std::string> names(const std::vector<DumpedRow>& rows) {
 
 class CustomLabelsTest : public ::testing::Test {
  protected:
-  CustomLabelsTest() {
-    fake->addUntouchedLabels();
-    references().DatabaseReference = db;
-  }
-  void setLabel(const char* sql, const std::string& column, Variant value) {
-    fake->tables[sql].front()[column] = std::move(value);
+  CustomLabelsTest() { references().DatabaseReference = db; }
+  void setLabel(const char* table, const std::string& column, const Variant& value) {
+    labels.setLabel(table, column, value);
   }
 
   CatalogueEnvironment env;
-  std::shared_ptr<FakeLabelDatabase> fake = std::make_shared<FakeLabelDatabase>();
-  std::shared_ptr<RecordingDatabase> db = std::make_shared<RecordingDatabase>(fake);
+  LabelDatabase labels;
+  std::shared_ptr<RecordingDatabase> db = labels.db;
 };
 
 TEST_F(CustomLabelsTest, LabelsLoseATrailingColonAndUntouchedOnesFallBack) {
@@ -100,8 +95,7 @@ TEST_F(CustomLabelsTest, EveryBlockReadsItsOwnLabelColumns) {
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.column);
-    fake->tables.clear();
-    fake->addUntouchedLabels();
+    labels.resetLabels();
     setLabel(c.sql, c.column,
              Variant(std::string(c.display).substr(std::string(c.category) == "FirmInfo" ? 5 : 0)));
     auto catalogue = env.build(c.listType);
@@ -120,13 +114,15 @@ TEST_F(CustomLabelsTest, EveryBlockReadsItsOwnLabelColumns) {
 TEST_F(CustomLabelsTest, UntouchedFirmLabelsReadAsYourCompanyCustomField) {
   auto catalogue = env.build(3);
   EXPECT_EQ(names(rowsOf(*catalogue, "FirmInfo", "Custom")),
-            expected::numbered("Your Company Custom Field "));
+            (std::vector<std::string>{"Your Company Custom Field 1", "Your Company Custom Field 2",
+                                      "Your Company Custom Field 3", "Your Company Custom Field 4",
+                                      "Your Company Custom Field 5"}));
 }
 
 TEST_F(CustomLabelsTest, EmptyCustomFieldsTableGivesNoCustomRowAtAll) {
-  fake->tables[kCustomFields].clear();
+  labels.practice.exec("DELETE FROM CustomFields;");
   auto withoutLabels = env.build(5);
-  fake->addUntouchedLabels();
+  labels.resetLabels();
   auto withLabels = env.build(5);
   std::vector<DumpedRow> without = dumpRows(*withoutLabels->FieldListStructure());
   std::vector<DumpedRow> with = dumpRows(*withLabels->FieldListStructure());
@@ -149,11 +145,13 @@ TEST_F(CustomLabelsTest, LabelQueriesAreClosedAfterReading) {
 }
 
 TEST_F(CustomLabelsTest, WithoutConnectionTheDefaultRowsStandIn) {
-  fake->connected = false;
+  db->connected = false;
   auto catalogue = env.build(1);
   std::vector<DumpedRow> rows = rowsOf(*catalogue, "ClientInfo", "ClientCustom");
   ASSERT_EQ(rows.size(), 5u);
-  EXPECT_EQ(names(rows), expected::numbered("Custom Field "));
+  EXPECT_EQ(names(rows),
+            (std::vector<std::string>{"Custom Field 1", "Custom Field 2", "Custom Field 3",
+                                      "Custom Field 4", "Custom Field 5"}));
   // The first default row has a gap: no sample in column 5, the sample in 6, the size in 7.
   EXPECT_EQ(rows[0].columns,
             (std::vector<std::string>{"ClientCustom1", "Custom Field 1", "ClientInfo", "Text",
@@ -165,7 +163,7 @@ TEST_F(CustomLabelsTest, WithoutConnectionTheDefaultRowsStandIn) {
 }
 
 TEST_F(CustomLabelsTest, FifthDefaultCalendarRowIsStoredUnderAnotherName) {
-  fake->connected = false;
+  db->connected = false;
   const struct {
     int32_t listType;
     const char* category;

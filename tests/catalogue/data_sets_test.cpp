@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include "catalogue_test_support.h"
-#include "expected_field_names.h"
 #include "practice/client_list_sql.h"
 
 namespace nvwm::testing {
@@ -28,10 +27,7 @@ struct Flags {
 
 class DataSetsTest : public ::testing::Test {
  protected:
-  DataSetsTest() {
-    fake->addUntouchedLabels();
-    references().DatabaseReference = db;
-  }
+  DataSetsTest() { references().DatabaseReference = db; }
   void open(clsInsertFieldsInRTB& catalogue, const Flags& f) {
     catalogue.initializeDataRecordsets(f.listType, f.openAll, f.recordID, f.mainClient, f.companies,
                                        f.contacts, f.firm, f.employee, f.companyID, f.contactID);
@@ -46,8 +42,8 @@ class DataSetsTest : public ::testing::Test {
   }
 
   CatalogueEnvironment env;
-  std::shared_ptr<FakeLabelDatabase> fake = std::make_shared<FakeLabelDatabase>();
-  std::shared_ptr<RecordingDatabase> db = std::make_shared<RecordingDatabase>(fake);
+  LabelDatabase labels;
+  std::shared_ptr<RecordingDatabase> db = labels.db;
 };
 
 TEST_F(DataSetsTest, OpensWhatTheFlagsAskFor) {
@@ -116,9 +112,7 @@ TEST_F(DataSetsTest, OpensWhatTheFlagsAskFor) {
 TEST_F(DataSetsTest, BuildsTheCatalogueForTheListTypeEvenWithoutAFlag) {
   auto catalogue = env.makeCatalogue();
   open(*catalogue, {.listType = 3});
-  using namespace expected;
-  EXPECT_EQ(displayNames(*catalogue->FieldListStructure()),
-            join({contactName(), contactDetail(true), company(true), firm(true)}));
+  EXPECT_EQ(displayNames(*catalogue->FieldListStructure()), goldenDisplayNames("fields-3-canada"));
 }
 
 TEST_F(DataSetsTest, ReopeningClosesTheEarlierSetsFirstInOrder) {
@@ -157,15 +151,12 @@ TEST_F(DataSetsTest, ClosedHandlesAreNotClosedAgain) {
 }
 
 TEST_F(DataSetsTest, WithoutConnectionNothingIsOpenedAndTheCatalogueStands) {
-  fake->connected = false;
+  db->connected = false;
   auto catalogue = env.makeCatalogue();
   open(*catalogue, {.listType = 1, .openAll = true});
   EXPECT_TRUE(db->queries.empty());
   EXPECT_TRUE(db->closed.empty());
-  using namespace expected;
-  EXPECT_EQ(displayNames(*catalogue->FieldListStructure()),
-            join({company(true), contactName(), accountingAndSoftware(true), contactDetail(true),
-                  firm(true)}));
+  EXPECT_EQ(displayNames(*catalogue->FieldListStructure()), goldenDisplayNames("fields-1-canada"));
 }
 
 TEST_F(DataSetsTest, EmptyDatabaseReferenceCountsAsNotConnected) {
@@ -217,8 +208,9 @@ TEST_F(DataSetsTest, SecondBuildWithMinusOneKeepsTheClientRows) {
   std::vector<std::string> first = displayNames(*catalogue->FieldListStructure());
   bool noList = false;
   catalogue->createDefaultFieldListStructure(-1, noList, true);
-  using namespace expected;
-  EXPECT_EQ(displayNames(*catalogue->FieldListStructure()), join({first, firm(true)}));
+  std::vector<std::string> firmRows = goldenDisplayNames("fields-4-canada");
+  first.insert(first.end(), firmRows.begin(), firmRows.end());
+  EXPECT_EQ(displayNames(*catalogue->FieldListStructure()), first);
   EXPECT_EQ(catalogue->FieldListStructure()->findRow(2, Variant("Company Name")), 1);
 }
 

@@ -12,7 +12,8 @@ using testing::ScopedReferences;
 constexpr const char* kTag = "Tallowbrook.exe-modTest-threeSteps";
 
 // A routine of three steps whose second fails; records which steps ran.
-std::vector<int> threeSteps(bool skipFromStart = false, Routine::ExtraHandlerSteps extra = nullptr) {
+std::vector<int> threeSteps(bool skipFromStart = false,
+                            Routine::ExtraHandlerSteps extra = nullptr) {
   std::vector<int> ran;
   Routine r(kTag, std::move(extra));
   if (skipFromStart) r.skipErrors();

@@ -14,9 +14,9 @@
 #include "host/references.h"
 #include "merge/cls_word_merge.h"
 #include "recording_word.h"
-#include "services/word/word_engine.h"
 #include "services/message_pumps.h"
 #include "services/terminal_progress_dialog.h"
+#include "services/word/word_engine.h"
 #include "support/practice_db.h"
 #include "support/test_support.h"
 

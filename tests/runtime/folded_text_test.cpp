@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <iterator>
+#include <random>
+
 #include "runtime/text.h"
 #include "support/runtime_assertions.h"
 
@@ -118,12 +121,105 @@ TEST(FoldedTextTest, TheIndexFollowsReplacements) {
   EXPECT_EQ(folded.text(), "«C» and x");
 }
 
+// A replacement updates the folding in place instead of folding the whole text again: every
+// search must answer as on the same text folded afresh, also where a replacement puts a bad byte
+// next to another one, or non-ASCII text into an ASCII one.
+TEST(FoldedTextTest, AfterReplacementsSearchesAnswerAsOnAFreshText) {
+  const std::string pieces[] = {"a", "B",    " ",     "«",    "»",    "é",    "É",        "ß", "SS",
+                                "İ", "🦆", "\\'ab", "\xFF", "\xC3", "\xA9", "\xE2\x82", "x"};
+  const std::string needles[] = {"a", "ss", "«a»", "é", "i", "\xFF", "\xC3\xA9", "b «", "🦆"};
+  std::mt19937 random(20260315);
+  auto piece = [&] { return pieces[random() % std::size(pieces)]; };
+  for (int round = 0; round < 300; ++round) {
+    std::string text;
+    for (int i = random() % 12; i > 0; --i) text += piece();
+    FoldedText folded{text};
+    if (round % 2 == 0) folded.indexDelimited("«", "»");
+    for (int step = 0; step < 3; ++step) {
+      std::string needle = needles[random() % std::size(needles)];
+      std::string replacement;
+      for (int i = random() % 4; i > 0; --i) replacement += piece();
+      const std::string before = folded.text();
+      folded.replaceAll(needle, replacement, random() % 3 == 0 ? 1 : -1);
+      SCOPED_TRACE(::testing::PrintToString(before) + " " + ::testing::PrintToString(needle) +
+                   " -> " + ::testing::PrintToString(replacement));
+      const FoldedText fresh{folded.text()};
+      ASSERT_EQ(folded.length(), fresh.length());
+      for (const std::string& n : needles) {
+        for (int32_t start = 1; start <= fresh.length(); ++start) {
+          auto got = folded.match(n, start);
+          auto expected = fresh.match(n, start);
+          ASSERT_EQ(got.has_value(), expected.has_value()) << n << " from " << start;
+          if (!got) continue;
+          EXPECT_EQ(got->position, expected->position);
+          EXPECT_EQ(got->endPosition, expected->endPosition);
+          EXPECT_EQ(got->byteBegin, expected->byteBegin);
+          EXPECT_EQ(got->byteEnd, expected->byteEnd);
+        }
+        auto last = folded.matchLast(n);
+        auto freshLast = fresh.matchLast(n);
+        ASSERT_EQ(last.has_value(), freshLast.has_value()) << n;
+        if (last) EXPECT_EQ(last->position, freshLast->position);
+      }
+    }
+  }
+}
+
+TEST(FoldedTextTest, AnIndexOfPairsGivesTheSameAnswers) {
+  const std::string text = "Dear «Company Name», Straße \\'abDocket\\'bb İ x\xFFy";
+  const std::string_view needles[] = {"docket", "DOCKET", "strasse", "«company name»", "<<",
+                                      "d",      "i̇",      "\xFFY",   "x\xFF",          "rd",
+                                      "ss",     "zz",     "«"};
+  FoldedText plain{text};
+  FoldedText indexed{text};
+  indexed.indexPairs();
+  for (std::string_view needle : needles) {
+    SCOPED_TRACE(needle);
+    EXPECT_EQ(indexed.find(needle), plain.find(needle));
+  }
+  // It follows replacements.
+  EXPECT_EQ(indexed.replaceAll("docket", "zz"), 1);
+  EXPECT_EQ(indexed.find("zz"), InStr(1, indexed.text(), "zz", CompareMode::kText));
+  EXPECT_GT(indexed.find("zz"), 0);
+  EXPECT_EQ(indexed.find("docket"), 0);
+}
+
+TEST(FoldedTextTest, ReplaceAllFromAStartKeepsWhatStandsBefore) {
+  FoldedText folded{"é«a» b «A» «a»"};
+  EXPECT_EQ(folded.replaceAll("«a»", "x", -1, 3), 2);
+  EXPECT_EQ(folded.text(), "é«a» b x x");
+  EXPECT_EQ(folded.replaceAll("«a»", "x", -1, 99), 0);
+  EXPECT_RUNTIME_ERROR(folded.replaceAll("«a»", "x", -1, 0), 5);
+}
+
+TEST(FoldedTextTest, ReleaseGivesTheTextAndLeavesItEmpty) {
+  FoldedText folded{"«a» b"};
+  folded.replaceAll("«A»", "é");
+  EXPECT_EQ(folded.release(), "é b");
+  EXPECT_EQ(folded.text(), "");
+  EXPECT_EQ(folded.length(), 0);
+}
+
 TEST(FoldedTextTest, EmptyNeedleMatchesNothingAndBadStartRaises5) {
   FoldedText folded{"abc"};
   EXPECT_FALSE(folded.match("").has_value());
   EXPECT_EQ(folded.replaceAll("", "x"), 0);
   EXPECT_EQ(folded.find("a", 4), 0);
   EXPECT_RUNTIME_ERROR(folded.find("a", 0), 5);
+}
+
+TEST(FoldedTextTest, FoldCaseLowersTheAsciiLettersAndNothingElse) {
+  std::string ascii, lowered;
+  for (int c = 0; c < 128; ++c) {
+    ascii += static_cast<char>(c);
+    lowered += static_cast<char>(c >= 'A' && c <= 'Z' ? c + 32 : c);
+  }
+  // Every offset, so that each byte is seen in every place of a word and in the tail.
+  for (size_t from = 0; from < 16; ++from) {
+    SCOPED_TRACE(from);
+    EXPECT_EQ(foldCase(ascii.substr(from)), lowered.substr(from));
+    EXPECT_EQ(FoldedText(ascii.substr(from)).find(lowered.substr(from)), 1);
+  }
 }
 
 TEST(FoldedTextTest, FoldCaseMakesEqualKeysForCaseVariants) {

@@ -130,8 +130,8 @@ TEST_F(ScheduleCliTest, BadInputGivesAMessageAndExitTwo) {
     EXPECT_EQ(r.exitCode, 2);
     EXPECT_NE(r.err.find(c.message), std::string::npos) << r.err;
   }
-  ProgramRun r = testing::runProgram(
-      NVWM_CLI, "schedule --db '" + scratch.file("none.db") + "' task-for 20");
+  ProgramRun r =
+      testing::runProgram(NVWM_CLI, "schedule --db '" + scratch.file("none.db") + "' task-for 20");
   EXPECT_EQ(r.exitCode, 2);
   EXPECT_NE(r.err.find("cannot open the practice database"), std::string::npos) << r.err;
   EXPECT_NE(testing::runProgram(NVWM_CLI, "schedule --db x").exitCode, 0);

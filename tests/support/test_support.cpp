@@ -1,6 +1,5 @@
 #include "support/test_support.h"
 
-
 namespace nvwm::testing {
 
 ScopedReferences::ScopedReferences() : saved_(references()) {

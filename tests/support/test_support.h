@@ -22,9 +22,9 @@ class RecordingErrorService : public ErrorService {
  public:
   int32_t action = 2;
   bool suppressed = false;
-  std::vector<std::string> stack;     // the live trace stack
-  std::vector<std::string> entered;   // every tag pushed, in order
-  std::vector<RuntimeError> errors;   // every error set
+  std::vector<std::string> stack;    // the live trace stack
+  std::vector<std::string> entered;  // every tag pushed, in order
+  std::vector<RuntimeError> errors;  // every error set
   // The trace stack at each showError.
   std::vector<std::vector<std::string>> shownWithStack;
 

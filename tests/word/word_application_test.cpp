@@ -8,9 +8,10 @@
 
 #include "docx/docx_test_support.h"
 #include "host/references.h"
-#include "services/default_factories.h"
 #include "runtime/clock.h"
+#include "services/default_factories.h"
 #include "services/word/word_engine.h"
+#include "support/scoped_env.h"
 #include "support/test_support.h"
 
 namespace nvwm::testing {
@@ -66,6 +67,16 @@ TEST_F(WordApplicationTest, VisibleSavesUnsavedDocumentsIntoTheOutputFolderAndRe
   EXPECT_TRUE(fs::exists(fs::path(folder) / "Document1 (2).docx"));
 }
 
+TEST_F(WordApplicationTest, WithoutAnOutputFolderDocumentsGoUnderTheProductsDataFolder) {
+  ScopedEnv xdg("XDG_DATA_HOME", dir_.path().c_str());
+  auto app = wordengine::createWordApplication({});
+  app->Documents()->Add();
+  ::testing::internal::CaptureStdout();
+  app->Visible(true);
+  ::testing::internal::GetCapturedStdout();
+  EXPECT_TRUE(fs::exists(dir_.path() / "nvwordmerge6" / "Documents" / "Document1.docx"));
+}
+
 TEST_F(WordApplicationTest, PrintOutRunsThePrintCommandWithTheDocument) {
   wordengine::WordEngineOptions options;
   std::string printed = dir_.file("printed.docx");
@@ -79,22 +90,15 @@ TEST_F(WordApplicationTest, PrintOutReportsAFailingCommandAndAMissingPrinter) {
   wordengine::WordEngineOptions options;
   options.printCommand = {"/bin/sh", "-c", "exit 3", "sh"};
   auto doc = wordengine::createWordApplication(options)->Documents()->Add();
-  try {
-    doc->PrintOut();
-    ADD_FAILURE() << "printed";
-  } catch (const RuntimeError& e) {
-    EXPECT_NE(e.description().find("exit status 3"), std::string::npos) << e.description();
-  }
+  EXPECT_RUNTIME_ERROR_MSG(doc->PrintOut(), 4198,
+                           "Command failed: the print command '/bin/sh' failed (exit status 3)");
   std::string path = std::getenv("PATH") ? std::getenv("PATH") : "";
   ::setenv("PATH", dir_.path().c_str(), 1);
   auto plain = wordengine::createWordApplication({})->Documents()->Add();
-  try {
-    plain->PrintOut();
-    ADD_FAILURE() << "printed without lp";
-  } catch (const RuntimeError& e) {
-    EXPECT_EQ(e.number(), 4198);
-    EXPECT_NE(e.description().find("no print command"), std::string::npos) << e.description();
-  }
+  EXPECT_RUNTIME_ERROR_MSG(
+      plain->PrintOut(), 4198,
+      "Command failed: no print command: install CUPS (lp) or configure the engine's print "
+      "command");
   ::setenv("PATH", path.c_str(), 1);
 }
 

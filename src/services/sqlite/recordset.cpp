@@ -76,8 +76,8 @@ Variant coerceToKind(const Variant& v, ColumnKind kind) {
 }
 
 int Recordset::find(std::string_view name) const {
-  auto it = by_name.find(foldAscii(name));
-  return it == by_name.end() ? -1 : it->second;
+  auto it = byName.find(foldAscii(name));
+  return it == byName.end() ? -1 : it->second;
 }
 
 void Recordset::nameColumns() {
@@ -86,13 +86,13 @@ void Recordset::nameColumns() {
   for (Column& c : columns) {
     if (count[foldAscii(c.name)] > 1 && !c.table.empty()) c.name = c.table + "." + c.origin;
   }
-  by_name.clear();
+  byName.clear();
   for (size_t i = 0; i < columns.size(); ++i) {
     std::string folded = foldAscii(columns[i].name);
     // A bare name left repeated (two expressions with one AS name) is not found, as Jet's
     // own lookups would not know which one was meant.
     if (count[folded] > 1 && columns[i].table.empty()) continue;
-    by_name.emplace(std::move(folded), static_cast<int>(i));
+    byName.emplace(std::move(folded), static_cast<int>(i));
   }
 }
 

@@ -22,7 +22,7 @@ struct Column {
   std::string table;   // origin table; "" for an expression
   std::string origin;  // origin column
   ColumnKind kind = ColumnKind::kAny;
-  int table_index = -1;  // into Recordset::tables; -1 when it can't be written
+  int tableIndex = -1;  // into Recordset::tables; -1 when it can't be written
 };
 
 // A value as findRecord and the filter compare it: numbers (booleans, dates as their serial
@@ -51,19 +51,19 @@ struct NewRow {
 
 struct Recordset {
   std::vector<Column> columns;
-  std::unordered_map<std::string, int> by_name;  // folded name -> column
-  std::vector<std::string> tables;               // base tables whose rowid each row keeps
-  std::deque<Variant> cells;                     // rows x columns (chunked: no copying as it grows)
-  std::vector<int64_t> rowids;                   // rows x tables (empty when not updatable)
-  size_t row_count = 0;
+  std::unordered_map<std::string, int> byName;  // folded name -> column
+  std::vector<std::string> tables;              // base tables whose rowid each row keeps
+  std::deque<Variant> cells;                    // rows x columns (chunked: no copying as it grows)
+  std::vector<int64_t> rowids;                  // rows x tables (empty when not updatable)
+  size_t rowCount = 0;
   size_t cursor = 0;
-  bool read_only = true;
+  bool readOnly = true;
   std::optional<NewRow> pending;
   // column -> value -> first row with it; built by the first findRecord of the column.
   std::unordered_map<int, std::unordered_map<ValueKey, size_t, ValueKeyHash>> indexes;
 
   size_t width() const { return columns.size(); }
-  bool eof() const { return cursor >= row_count; }
+  bool eof() const { return cursor >= rowCount; }
   const Variant& cell(size_t row, int column) const { return cells[row * width() + column]; }
   Variant& cell(size_t row, int column) { return cells[row * width() + column]; }
   // The column of a name (case-insensitive); -1 when not found.

@@ -15,7 +15,7 @@ void collectTables(Recordset& rs) {
   for (Column& c : rs.columns) {
     if (c.table.empty()) continue;
     auto it = std::find(rs.tables.begin(), rs.tables.end(), c.table);
-    c.table_index = static_cast<int>(it - rs.tables.begin());
+    c.tableIndex = static_cast<int>(it - rs.tables.begin());
     if (it == rs.tables.end()) rs.tables.push_back(c.table);
   }
 }
@@ -125,7 +125,7 @@ RowidPlan planRowids(sqlite3* db, std::string_view sql, Statement& st, Recordset
   for (size_t t = 0; t < rs.tables.size(); ++t) {
     if (plan.source[t] >= 0) continue;
     for (Column& c : rs.columns) {
-      if (c.table_index == static_cast<int>(t)) c.table_index = -1;
+      if (c.tableIndex == static_cast<int>(t)) c.tableIndex = -1;
     }
   }
   return plan;

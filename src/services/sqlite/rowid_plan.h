@@ -9,7 +9,7 @@
 //   - SQLite prepares the keyed text (a compound SELECT fails there: its arms no longer have
 //     the same number of columns) and names each new column as the rowid of its table, with
 //     the original columns after them unchanged.
-// A table whose rowid can't be found is left unwritable: its columns get table_index -1.
+// A table whose rowid can't be found is left unwritable: its columns get tableIndex -1.
 #pragma once
 
 #include <string_view>
@@ -27,7 +27,7 @@ struct RowidPlan {
   int hidden = 0;
 };
 
-// Fills rs.tables and each column's table_index from the columns' origins, then plans where
+// Fills rs.tables and each column's tableIndex from the columns' origins, then plans where
 // each table's rowid comes from. st holds the prepared statement of sql; it is replaced by the
 // keyed statement when hidden columns are added. Raises 3001 when SQLite fails.
 RowidPlan planRowids(sqlite3* db, std::string_view sql, Statement& st, Recordset& rs);

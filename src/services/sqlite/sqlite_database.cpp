@@ -101,7 +101,7 @@ Recordset& SqliteDatabase::recordset(Handle h) {
 
 Recordset& SqliteDatabase::writableRecordset(Handle h, const char* operation) {
   Recordset& rs = recordset(h);
-  if (rs.read_only) fail(std::string(operation) + ": the recordset is read-only (lock type 1)");
+  if (rs.readOnly) fail(std::string(operation) + ": the recordset is read-only (lock type 1)");
   return rs;
 }
 
@@ -157,7 +157,7 @@ void readRows(sqlite3* db, Statement& st, const sqlite::RowidPlan& plan, Records
       rs.rowids.push_back(source < 0 ? 0 : sqlite3_column_int64(s, source));
     for (int i = 0; i < n; ++i)
       rs.cells.push_back(sqlite::readColumn(s, plan.hidden + i, rs.columns[i].kind));
-    ++rs.row_count;
+    ++rs.rowCount;
   }
 }
 
@@ -171,11 +171,11 @@ Handle SqliteDatabase::openRecordset(const std::string& sql, int32_t /*cursorTyp
   Statement st;
   std::string text = sqlite::prepareOne(db_, sql, st);
   auto rs = std::make_unique<Recordset>();
-  rs->read_only = lockType == kLockReadOnly;
-  if (rs->read_only) sqlite::requireQuery(st.get(), sql);
+  rs->readOnly = lockType == kLockReadOnly;
+  if (rs->readOnly) sqlite::requireQuery(st.get(), sql);
   describeColumns(st.get(), *rs);
   sqlite::RowidPlan plan;
-  if (!rs->read_only) plan = sqlite::planRowids(db_, text, st, *rs);
+  if (!rs->readOnly) plan = sqlite::planRowids(db_, text, st, *rs);
   readRows(db_, st, plan, *rs);
   return keep(std::move(rs));
 }
@@ -188,10 +188,10 @@ int32_t SqliteDatabase::getRecordCount(Handle h) {
   Recordset& rs = recordset(h);
   rs.pending.reset();
   rs.cursor = 0;
-  return static_cast<int32_t>(rs.row_count);
+  return static_cast<int32_t>(rs.rowCount);
 }
 
-bool SqliteDatabase::isEmptyRecordset(Handle h) { return recordset(h).row_count == 0; }
+bool SqliteDatabase::isEmptyRecordset(Handle h) { return recordset(h).rowCount == 0; }
 
 bool SqliteDatabase::isEOF(Handle h) {
   Recordset& rs = recordset(h);
@@ -202,7 +202,7 @@ bool SqliteDatabase::hasRecords(Handle h) {
   Recordset& rs = recordset(h);
   rs.pending.reset();
   rs.cursor = 0;
-  return rs.row_count > 0;
+  return rs.rowCount > 0;
 }
 
 void SqliteDatabase::moveNext(Handle h) {
@@ -219,7 +219,7 @@ int32_t SqliteDatabase::getRecordPosition(Handle h) {
 
 int32_t SqliteDatabase::setRecordPosition(Handle h, int32_t position) {
   Recordset& rs = recordset(h);
-  if (position < 1 || static_cast<size_t>(position) > rs.row_count) return 1;
+  if (position < 1 || static_cast<size_t>(position) > rs.rowCount) return 1;
   rs.pending.reset();
   rs.cursor = static_cast<size_t>(position) - 1;
   return 0;
@@ -289,14 +289,14 @@ void SqliteDatabase::setField(Handle h, const std::string& fieldName, const std:
   Recordset& rs = writableRecordset(h, "setField");
   int c = columnOf(rs, Variant(fieldName));
   const Column& col = rs.columns[c];
-  if (col.table_index < 0) fail("setField: the column \"" + fieldName + "\" can't be written");
+  if (col.tableIndex < 0) fail("setField: the column \"" + fieldName + "\" can't be written");
   StoredValue stored = sqlite::textToStored(col.kind, value);
   if (rs.pending) {
     setPending(rs, c, std::move(stored));
     return;
   }
   requireRow(rs, "setField");
-  int64_t rowid = rs.rowids[rs.cursor * rs.tables.size() + col.table_index];
+  int64_t rowid = rs.rowids[rs.cursor * rs.tables.size() + col.tableIndex];
   Statement st;
   st.prepare(db_, "UPDATE " + quoteIdentifier(col.table) + " SET " + quoteIdentifier(col.origin) +
                       " = ?1 WHERE rowid = ?2");
@@ -307,7 +307,7 @@ void SqliteDatabase::setField(Handle h, const std::string& fieldName, const std:
   Variant shown = sqlite::storedToVariant(col.kind, stored);
   for (size_t i = 0; i < rs.width(); ++i) {
     const Column& other = rs.columns[i];
-    if (other.table_index == col.table_index &&
+    if (other.tableIndex == col.tableIndex &&
         sqlite::foldAscii(other.origin) == sqlite::foldAscii(col.origin)) {
       rs.cell(rs.cursor, static_cast<int>(i)) = shown;
       rs.indexes.erase(static_cast<int>(i));
@@ -372,7 +372,7 @@ void SqliteDatabase::setNewField(Handle h, const std::string& fieldName, const V
     setField(h, fieldName, value.isNull() || value.isEmpty() ? std::string() : CStr(value));
     return;
   }
-  if (col.table_index < 0) fail("setNewField: the column \"" + fieldName + "\" can't be written");
+  if (col.tableIndex < 0) fail("setNewField: the column \"" + fieldName + "\" can't be written");
   if (rs.pending->key &&
       sqlite::foldAscii(col.origin) == sqlite::foldAscii(rs.pending->values.front().first))
     fail("setNewField: the AutoNumber column \"" + fieldName + "\" can't be written");
@@ -410,7 +410,7 @@ void SqliteDatabase::updateRecord(Handle h) {
     for (int j = 0; j < sqlite3_column_count(st.get()); ++j) {
       std::string name = sqlite::foldAscii(sqlite3_column_name(st.get(), j));
       for (size_t i = 0; i < rs.width(); ++i) {
-        if (rs.columns[i].table_index == 0 && sqlite::foldAscii(rs.columns[i].origin) == name)
+        if (rs.columns[i].tableIndex == 0 && sqlite::foldAscii(rs.columns[i].origin) == name)
           row[i] = sqlite::readColumn(st.get(), j, rs.columns[i].kind);
       }
     }
@@ -418,7 +418,7 @@ void SqliteDatabase::updateRecord(Handle h) {
   rs.pending.reset();
   rs.cells.insert(rs.cells.end(), row.begin(), row.end());
   rs.rowids.push_back(rowid);
-  rs.cursor = rs.row_count++;
+  rs.cursor = rs.rowCount++;
   for (auto& [column, index] : rs.indexes) {
     if (auto key = sqlite::keyOf(row[column])) index.emplace(std::move(*key), rs.cursor);
   }
@@ -431,8 +431,8 @@ bool SqliteDatabase::findRecord(Handle h, const std::string& fieldName, const Va
   auto found = rs.indexes.find(c);
   if (found == rs.indexes.end()) {
     auto& index = rs.indexes[c];
-    index.reserve(rs.row_count);
-    for (size_t r = 0; r < rs.row_count; ++r) {
+    index.reserve(rs.rowCount);
+    for (size_t r = 0; r < rs.rowCount; ++r) {
       if (auto key = sqlite::keyOf(rs.cell(r, c))) index.emplace(std::move(*key), r);
     }
     found = rs.indexes.find(c);
@@ -445,7 +445,7 @@ bool SqliteDatabase::findRecord(Handle h, const std::string& fieldName, const Va
       return true;
     }
   }
-  rs.cursor = rs.row_count;
+  rs.cursor = rs.rowCount;
   return false;
 }
 
@@ -454,11 +454,11 @@ Handle SqliteDatabase::filterRecordset(Handle h, const std::string& filter) {
   sqlite::AdoFilter condition = sqlite::AdoFilter::parse(filter, base);
   auto rs = std::make_unique<Recordset>();
   rs->columns = base.columns;
-  rs->by_name = base.by_name;
+  rs->byName = base.byName;
   rs->tables = base.tables;
-  rs->read_only = base.read_only;
+  rs->readOnly = base.readOnly;
   size_t tables = base.tables.size();
-  for (size_t r = 0; r < base.row_count; ++r) {
+  for (size_t r = 0; r < base.rowCount; ++r) {
     if (!condition.matches(base, r)) continue;
     auto from = base.cells.begin() + static_cast<std::ptrdiff_t>(r * base.width());
     rs->cells.insert(rs->cells.end(), from, from + static_cast<std::ptrdiff_t>(base.width()));
@@ -466,7 +466,7 @@ Handle SqliteDatabase::filterRecordset(Handle h, const std::string& filter) {
       auto ids = base.rowids.begin() + static_cast<std::ptrdiff_t>(r * tables);
       rs->rowids.insert(rs->rowids.end(), ids, ids + static_cast<std::ptrdiff_t>(tables));
     }
-    ++rs->row_count;
+    ++rs->rowCount;
   }
   return keep(std::move(rs));
 }

@@ -1,4 +1,3 @@
-#include "runtime/ascii.h"
 #include "services/sqlite/stored_value.h"
 
 #include <cctype>
@@ -6,6 +5,7 @@
 #include <cstdio>
 #include <limits>
 
+#include "runtime/ascii.h"
 #include "runtime/convert.h"
 #include "runtime/error.h"
 
@@ -17,8 +17,6 @@ std::string upperAscii(std::string_view s) {
   for (char& c : out) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
   return out;
 }
-
-
 
 [[noreturn]] void cannotStore(ColumnKind kind, std::string_view text) {
   const char* what = "a value";
@@ -95,8 +93,12 @@ StoredValue textToStored(ColumnKind kind, std::string_view text) {
   if (t.empty()) return std::monostate{};
   switch (kind) {
     case ColumnKind::kBoolean: {
-      if (equalsIgnoringAsciiCase(t, "True") || equalsIgnoringAsciiCase(t, "Yes") || equalsIgnoringAsciiCase(t, "On")) return int64_t{1};
-      if (equalsIgnoringAsciiCase(t, "False") || equalsIgnoringAsciiCase(t, "No") || equalsIgnoringAsciiCase(t, "Off")) return int64_t{0};
+      if (equalsIgnoringAsciiCase(t, "True") || equalsIgnoringAsciiCase(t, "Yes") ||
+          equalsIgnoringAsciiCase(t, "On"))
+        return int64_t{1};
+      if (equalsIgnoringAsciiCase(t, "False") || equalsIgnoringAsciiCase(t, "No") ||
+          equalsIgnoringAsciiCase(t, "Off"))
+        return int64_t{0};
       if (auto n = TryParseNumber(t)) return int64_t{*n != 0.0 ? 1 : 0};
       cannotStore(kind, text);
     }

@@ -29,6 +29,7 @@
 #include "runtime/clock.h"
 #include "runtime/convert.h"
 #include "runtime/error.h"
+#include "services/folder_locale.h"
 
 extern char** environ;
 
@@ -76,17 +77,7 @@ std::optional<std::string> onPath(const std::string& program) {
   return std::nullopt;
 }
 
-std::string defaultOutputFolder() {
-  const char* xdg = std::getenv("XDG_DATA_HOME");
-  fs::path base;
-  if (xdg && *xdg) {
-    base = xdg;
-  } else {
-    const char* home = std::getenv("HOME");
-    base = fs::path(home ? home : "/tmp") / ".local" / "share";
-  }
-  return (base / "nvwordmerge" / "Documents").string();
-}
+std::string defaultOutputFolder() { return (fs::path(productDataFolder()) / "Documents").string(); }
 
 class EngineDocument;
 

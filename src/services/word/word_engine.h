@@ -1,32 +1,21 @@
 // Public: the document engine that stands in for the word processor: the objects of
 // host/word.h over .docx files, and the options a host or a test sets before creating it.
+// host/word.h gives the contract of every member; what this engine adds to it:
+//
+//   - Documents are .docx files: Open and Add read a .docx (Add also a .dotx as its template),
+//     SaveAs writes a .docx whatever the extension. A file that is no .docx raises 4198.
+//   - Document.SaveAs without FileName, on a document that has never been saved, writes
+//     "<name>.docx" in WordEngineOptions::outputFolder.
+//   - Document.Close with SaveChanges -2 discards, as 0 does: there is no one to ask.
+//   - Document.PrintOut saves a copy and runs WordEngineOptions::printCommand on it.
+//   - MailMerge.OpenDataSource reads an SQLite or a CSV file (docx/data_source.h). Mail-merge
+//     states 3, 4 and 5 never occur: the engine has no header sources.
+//   - Application.Visible(True) hands the open documents to WordEngineOptions::presenter.
+//   - Application.Version is WordEngineOptions::version, so that a test can try old versions.
 //
 // Threading: one application and its objects belong to one thread, like the library's
-// references; nothing is locked. Ownership: the application owns its open documents; the
-// objects it hands out are shared_ptr at the host-service boundary and stay valid (a closed
-// document raises 5825 on any call).
-//
-// The members, as this engine gives them (errors are RuntimeError with Word's numbers):
-//   Documents.Add        a blank document "DocumentN", or a new one from Template (a .docx or
-//                        .dotx path); it becomes active, the selection at its start.
-//   Documents.Open       reads a .docx (53 missing, 70 locked by another process, 4198 not a
-//                        .docx); a file already open gives that document. A saved main document
-//                        gets its data source back (state 2), or state 1 if the source is gone.
-//   Document.SaveAs      writes a .docx whatever the extension, atomically (76 no such folder,
-//                        70 not writable); without FileName: its own file, or the output folder.
-//   Document.Close       SaveChanges -1 saves to its file; 0, -2 and missing discard (there is
-//                        no one to ask). Afterwards every member raises 5825.
-//   Document.PrintOut    saves a copy and runs the print command on it (4198 when none).
-//   MailMerge.OpenDataSource  Name: SQLite or CSV file; Connection "TABLE name"; SQLStatement
-//                        runs instead when given. 53 / 4198 with the cause; nothing changes then.
-//   MailMerge.State      0 plain, 1 main document without source, 2 with source.
-//   MailMerge.Execute    4605 without a source; else the merged document "LettersN", active.
-//   Selection.InsertDateTime  today's date and time (runtime/clock.h) in a Word date picture
-//                        (default "M/d/yyyy") as text, or as a DATE field with InsertAsField.
-//                        4248 without a document.
-//   Application.Visible  True hands the open documents to the presenter.
-//   Application.Quit     closes every document (SaveChanges -1 saves those with a file); then
-//                        every member raises 462.
+// references; nothing is locked. Ownership: the application owns its open documents; a
+// document the host still holds stays usable after the application object is gone.
 #pragma once
 
 #include <functional>
@@ -54,8 +43,8 @@ struct WordEngineOptions {
   std::string version = "16.0";
   // When set, creating the application raises 429, as creating Word does where it is missing.
   bool failToStart = false;
-  // Where the default presenter saves documents that have no file yet; empty means
-  // $XDG_DATA_HOME/nvwordmerge/Documents (~/.local/share/... without XDG_DATA_HOME).
+  // Where the default presenter saves documents that have no file yet; empty means the
+  // "Documents" folder in productDataFolder() (services/folder_locale.h).
   std::string outputFolder;
   // Empty: the default presenter (savingPresenter into outputFolder, reporting on stdout).
   DocumentPresenter presenter;
