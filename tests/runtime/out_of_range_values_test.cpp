@@ -50,7 +50,7 @@ TEST(OutOfRangeValuesTest, DateSerialOfExtremeArgumentsRaises5) {
       {2026, 1, INT_MIN},          {2026, INT_MAX, 1},          {9999, 12, 32},
   };
   for (const auto& c : cases) {
-    SCOPED_TRACE(testing::Message() << c.y << "/" << c.m << "/" << c.d);
+    SCOPED_TRACE(::testing::Message() << c.y << "/" << c.m << "/" << c.d);
     EXPECT_RUNTIME_ERROR(Date::serial(c.y, c.m, c.d), 5);
   }
 }
@@ -65,7 +65,7 @@ TEST(OutOfRangeValuesTest, FormatOfNonFiniteNumbersRaises6) {
       {1e308, "0%"},      {kNaN, "d mmmm yyyy"},
   };
   for (const auto& c : cases) {
-    SCOPED_TRACE(testing::Message() << c.value << " " << c.pattern);
+    SCOPED_TRACE(::testing::Message() << c.value << " " << c.pattern);
     EXPECT_RUNTIME_ERROR(Format(Variant(c.value), c.pattern), 6);
   }
   EXPECT_RUNTIME_ERROR(formatNumber(kInf, ""), 6);
