@@ -35,7 +35,7 @@ struct Engine {
 };
 
 // Made once per process: the sample practice in a folder of its own, removed at exit.
-Engine& fuzzEngine() {
+Engine& passes() {
   static Engine* e = [] {
     auto* made = new Engine;
     std::string pattern = (std::filesystem::temp_directory_path() / "nvwm-fuzz-XXXXXX").string();
@@ -43,7 +43,7 @@ Engine& fuzzEngine() {
     made->folder = pattern;
     std::atexit([] {
       std::error_code ignored;
-      std::filesystem::remove_all(fuzzEngine().folder, ignored);
+      std::filesystem::remove_all(passes().folder, ignored);
     });
     std::string db = made->folder + "/practice.db";
     writeSamplePractice(db);
@@ -67,7 +67,7 @@ Engine& fuzzEngine() {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-  Engine& e = fuzzEngine();
+  Engine& e = passes();
   std::string_view bytes(reinterpret_cast<const char*>(data), size);
   uint8_t options = fuzzing::take<uint8_t>(bytes);
   std::string text(bytes);

@@ -174,7 +174,7 @@ class PartReader {
     if ((method == ZIP_CM_STORE && claimed != packed) ||
         (method == ZIP_CM_DEFLATE && claimed > deflateCeiling(packed))) {
       damaged(label_, "part " + name + " claims " + bytesText(claimed) + " from " +
-                          bytesText(packed) + " packed, more than they can hold");
+                          bytesText(packed) + " packed, which its packing can't give");
     }
     if (claimed > limits_.maxPartSize) {
       overLimit(label_, "part " + name + " is " + bytesText(claimed) +

@@ -28,8 +28,7 @@ Date fromSeconds(int64_t seconds) {
     --day;
   }
   Date at = Date::fromSysDays(kEpoch + std::chrono::days{day});
-  const int y = at.year();
-  if (y < 100 || y > 9999) raise(ErrorNumber::kInvalidProcedureCall, "date out of range");
+  if (!at.inRange()) raise(ErrorNumber::kInvalidProcedureCall, "date out of range");
   const double time = static_cast<double>(rest) / kSecondsPerDay;
   return Date(day < 0 ? at.serial() - time : at.serial() + time);
 }

@@ -15,7 +15,6 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <map>
@@ -25,13 +24,16 @@
 
 #include "docx/docx_test_support.h"
 #include "fuzz/inputs/sample_inputs.h"
+#include "support/program_run.h"
 #include "support/temp_dir.h"
 
 namespace nvwm {
 namespace {
 
 namespace fs = std::filesystem;
+using testing::ProgramRun;
 using testing::readFile;
+using testing::runProgram;
 using testing::TempDir;
 using testing::writeFile;
 
@@ -69,10 +71,17 @@ std::vector<Row> readTable() {
   return rows;
 }
 
-struct CliRun {
-  int exitCode = -1;
-  std::string out, err;
-};
+// A shell command line quoted as one argument of sh -c.
+std::string shellQuoted(const std::string& command) {
+  std::string out = "'";
+  for (char c : command) out += c == '\'' ? std::string("'\\''") : std::string(1, c);
+  return out + "'";
+}
+
+// Runs a shell command line (the table's commands use the shell: ulimit, quoting).
+ProgramRun runShell(const std::string& command) {
+  return runProgram("/bin/sh", "-c " + shellQuoted(command));
+}
 
 class BadInputTable {
  public:
@@ -99,7 +108,7 @@ class BadInputTable {
     writeFile(file("big.csv"), big);
 
     std::string sample = file("sample.db");
-    CliRun made = run(std::string(NVWM_CLI) + " sample-db '" + sample + "'");
+    ProgramRun made = runProgram(NVWM_CLI, "sample-db '" + sample + "'");
     EXPECT_EQ(made.exitCode, 0) << made.err;
     fixed_["{sample}"] = sample;
     fs::copy_file(sample, file("readonly.db"));
@@ -126,16 +135,6 @@ class BadInputTable {
     expandCorpus(command, "{docx:", fuzzing::docxMergeBadInputs);
     expandCorpus(command, "{csv:", fuzzing::csvBadInputs);
     return command;
-  }
-
-  CliRun run(const std::string& command) {
-    CliRun r;
-    std::string out = file("stdout.txt"), err = file("stderr.txt");
-    int status = std::system(("(" + command + ") >'" + out + "' 2>'" + err + "'").c_str());
-    r.exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    r.out = readFile(out);
-    r.err = readFile(err);
-    return r;
   }
 
  private:
@@ -171,7 +170,7 @@ TEST(BadInputTableTest, EveryCaseGivesItsExitCodeAndMessage) {
 #ifdef NVWM_SANITIZED
     if (row.skip == "sanitized") continue;
 #endif
-    CliRun r = table.run(table.expand(row.command));
+    ProgramRun r = runShell(table.expand(row.command));
     EXPECT_EQ(r.exitCode, row.exitCode) << "stdout: " << r.out << "\nstderr: " << r.err;
     const std::string& stream = row.stream == "out" ? r.out : r.err;
     EXPECT_NE(stream.find(row.expected), std::string::npos)

@@ -78,7 +78,7 @@ TEST_F(DocumentFileTest, BadFilesRaiseAndLeaveNothingOpen) {
   writeZip(dir_.file("noBody.docx"), {{"[Content_Types].xml", "<Types/>"}});
   writeZip(dir_.file("badXml.docx"),
            {{"[Content_Types].xml", "<Types/>"}, {"word/document.xml", "<w:document><w:body>"}});
-  // The description after the file's path in quotes (none for the XML fault).
+  // The description after the file's path in quotes.
   const struct {
     const char* file;
     int32_t error;
@@ -93,8 +93,8 @@ TEST_F(DocumentFileTest, BadFilesRaiseAndLeaveNothingOpen) {
        "Command failed: '<path>' is a zip file but not a .docx document (no "
        "word/document.xml)"},
       {"badXml.docx", 4198,
-       "Command failed: part word/document.xml is not well-formed XML (Start-end tags mismatch at "
-       "offset 19)"},
+       "Command failed: '<path>' is damaged: part word/document.xml is not well-formed XML "
+       "(Start-end tags mismatch at offset 19)"},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.file);
