@@ -5,6 +5,7 @@
 #include <cmath>
 #include <vector>
 
+#include "runtime/ascii.h"
 #include "runtime/convert.h"
 #include "runtime/error.h"
 #include "services/sqlite/sql_text.h"
@@ -54,7 +55,7 @@ class Parser {
     skip();
     if (s_.size() - i_ < word.size()) return false;
     for (size_t k = 0; k < word.size(); ++k) {
-      if (std::toupper(static_cast<unsigned char>(s_[i_ + k])) != word[k]) return false;
+      if (asciiUpper(s_[i_ + k]) != word[k]) return false;
     }
     size_t end = i_ + word.size();
     if (end < s_.size() && isNameChar(s_[end])) return false;
@@ -244,8 +245,8 @@ bool evaluate(const AdoFilter::Node& n, const Recordset& rs, size_t r) {
 int compareNoCase(std::string_view a, std::string_view b) {
   size_t n = std::min(a.size(), b.size());
   for (size_t i = 0; i < n; ++i) {
-    int ca = std::tolower(static_cast<unsigned char>(a[i]));
-    int cb = std::tolower(static_cast<unsigned char>(b[i]));
+    int ca = static_cast<unsigned char>(asciiLower(a[i]));
+    int cb = static_cast<unsigned char>(asciiLower(b[i]));
     if (ca != cb) return ca < cb ? -1 : 1;
   }
   return a.size() == b.size() ? 0 : (a.size() < b.size() ? -1 : 1);
@@ -295,9 +296,7 @@ std::optional<int> compareValues(const Variant& a, const Variant& b) {
 }
 
 bool likeMatch(std::string_view text, std::string_view pattern) {
-  auto lower = [](char c) {
-    return static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-  };
+  auto lower = [](char c) { return asciiLower(c); };
   // Iterative wildcard match with one backtrack point.
   size_t t = 0, p = 0, starP = std::string_view::npos, starT = 0;
   while (t < text.size()) {

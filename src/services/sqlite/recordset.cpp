@@ -4,17 +4,12 @@
 #include <functional>
 #include <limits>
 
+#include "runtime/ascii.h"
 #include "runtime/convert.h"
 
 namespace nvwm::sqlite {
 
-std::string foldAscii(std::string_view s) {
-  std::string out(s);
-  for (char& c : out) {
-    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-  }
-  return out;
-}
+std::string foldAscii(std::string_view s) { return toAsciiLower(s); }
 
 size_t ValueKeyHash::operator()(const ValueKey& k) const noexcept {
   if (k.tag == ValueKey::kText) return std::hash<std::string>{}(k.text);

@@ -3,6 +3,7 @@
 #include <cctype>
 #include <memory>
 
+#include "runtime/ascii.h"
 #include "runtime/convert.h"
 #include "runtime/error.h"
 #include "runtime/regional.h"
@@ -63,7 +64,7 @@ size_t skipBlanks(std::string_view s, size_t i) {
 bool sameWord(std::string_view word, std::string_view upper) {
   if (word.size() != upper.size()) return false;
   for (size_t k = 0; k < word.size(); ++k) {
-    if (std::toupper(static_cast<unsigned char>(word[k])) != upper[k]) return false;
+    if (asciiUpper(word[k]) != upper[k]) return false;
   }
   return true;
 }

@@ -12,11 +12,7 @@
 namespace nvwm::sqlite {
 namespace {
 
-std::string upperAscii(std::string_view s) {
-  std::string out(s);
-  for (char& c : out) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
-  return out;
-}
+std::string upperAscii(std::string_view s) { return toAsciiUpper(s); }
 
 [[noreturn]] void cannotStore(ColumnKind kind, std::string_view text) {
   const char* what = "a value";
