@@ -101,12 +101,8 @@ std::string clsInsertFieldsInRTB::getDataField(std::string& displayName, int32_t
     bool rowFound = false;
     std::string databaseField, category;
     if (connected) {
-      r.step([&] {
-        if (list.findRow(kName, Variant(displayName)) < 0) return;
-        databaseField = CStr(list.getColumn(column(FieldColumn::kDatabaseField)));
-        category = CStr(list.getColumn(column(FieldColumn::kCategory)));
-        rowFound = true;
-      });
+      r.step(
+          [&] { rowFound = engine::findCatalogueRow(list, displayName, databaseField, category); });
     }
     if (rowFound && r.running()) {
       const engine::RecordIDs ids{companyID,     contactID, scheduleID, firmID,

@@ -184,6 +184,14 @@ FieldRecord findFieldRecord(Routine& r, DataSets& sets, std::string_view categor
   return {};
 }
 
+bool findCatalogueRow(IDList& list, const std::string& displayName, std::string& databaseField,
+                      std::string& category) {
+  if (list.findRow(column(FieldColumn::kDisplayName), Variant(displayName)) < 0) return false;
+  databaseField = CStr(list.getColumn(column(FieldColumn::kDatabaseField)));
+  category = CStr(list.getColumn(column(FieldColumn::kCategory)));
+  return true;
+}
+
 bool databaseConnected() {
   DatabaseService* db = references().DatabaseReference.get();
   return db != nullptr && db->isConnected();

@@ -30,7 +30,8 @@
 
 namespace nvwm {
 class DateUtility;
-}
+class IDList;
+}  // namespace nvwm
 
 namespace nvwm::engine {
 
@@ -82,6 +83,11 @@ bool positionOnContact(Routine& r, DataSets& sets, int32_t contactID, bool negat
 
 // The services the value routines read. An empty DatabaseReference counts as not connected;
 // the others raise 91 when empty, as a call on Nothing does.
+// The catalogue row whose DisplayName is displayName: its DatabaseField and Category. False,
+// with both left alone, when the catalogue has no such row.
+bool findCatalogueRow(IDList& list, const std::string& displayName, std::string& databaseField,
+                      std::string& category);
+
 bool databaseConnected();
 DatabaseService& database();
 DateUtility& dateUtility();

@@ -49,12 +49,8 @@ std::string clsInsertFieldsInRTB::getDataDateField(std::string displayName, std:
     } else if (connected) {
       bool rowFound = false;
       std::string databaseField, category;
-      r.step([&] {
-        if (list.findRow(kName, Variant(displayName)) < 0) return;
-        databaseField = CStr(list.getColumn(column(FieldColumn::kDatabaseField)));
-        category = CStr(list.getColumn(column(FieldColumn::kCategory)));
-        rowFound = true;
-      });
+      r.step(
+          [&] { rowFound = engine::findCatalogueRow(list, displayName, databaseField, category); });
       if (rowFound && r.running()) {
         const engine::RecordIDs ids{companyID,     contactID, scheduleID, firmID,
                                     appointmentID, docketID,  taskID};
